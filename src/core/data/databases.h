@@ -1,0 +1,34 @@
+#pragma once
+// The five database files of the data folder: opened at start, created and seeded when missing,
+// never overwritten when present, and refused (left untouched) when not usable.
+#include "data/db.h"
+
+#include <QString>
+
+namespace hfc {
+
+class Databases {
+  public:
+    // Opens (creating and seeding missing files) every database in dir. On failure returns
+    // false and sets error to a Russian message naming the file; no existing file is changed.
+    bool open(const QString& dir, QString& error);
+
+    Db contest; // dbcontest.sqlite: tbllog, tbllogTemp, tbltit, rezult
+    Db dxcc;    // dbdxcc1.sqlite: tbldxcc
+    Db rus;     // dbrusdx.sqlite: tblrus
+    Db help;    // dbhelp.sqlite: tblhelp
+    Db iaru;    // dbiaru.sqlite: tbllog1
+
+    Db* byKey(const QString& key); // contest, dxcc, rus, help, iaru
+    const QString& dir() const { return dir_; }
+    QString filePath(const QString& fileName) const;
+
+  private:
+    QString dir_;
+};
+
+// The data folder: --data-dir, else $HFCONTEST_DIR, else $XDG_DATA_HOME/hfcontest
+// (~/.local/share/hfcontest).
+QString defaultDataDir();
+
+} // namespace hfc

@@ -1,0 +1,249 @@
+#pragma once
+// The main logging window CONTEST as a headless model. Its code is split by area, one file each:
+//   contestform.cpp   controls, start-up, clock, own call, exit
+//   selection.cpp     contest menu handlers driven by the catalogue
+//   recount.cpp       nextserial, recount
+//   multipliers.cpp   multcheck, pscheck, worked-multiplier list and window
+//   specialscoring.cpp raemscore, SAC family
+//   country.cpp       STRAN, RUS, rusdx, CQM, EU13, eucountry, callprefix
+//   points.cpp        qsopoints
+//   entry.cpp         callsign box, WWOD, wwodcall, repeat rules
+//   exchange.cpp      wwodrstr, exchange box keys and checks
+//   commit.cpp        wwodadd, log grid
+//   bands.cpp         band and mode buttons, totals view, prefixlist
+//   keys.cpp          function keys, keyer panel, cwsend/cwkey glue
+//   rig.cpp           CAT link
+//   qtc.cpp           WAE QTC frame
+//   maintenance.cpp   transfer to station log, clearing, code-page conversion
+//   windows.cpp       opening the other windows
+#include "forms/form.h"
+
+#include <QDateTime>
+#include <array>
+#include <vector>
+
+namespace hfc {
+
+class Db;
+class Keyer;
+
+class ContestForm : public Form {
+    Q_OBJECT
+  public:
+    explicit ContestForm(Env env, QObject* parent = nullptr);
+    ~ContestForm() override;
+
+    Form* subForm(const QString& name) override;
+    Db& logDb(); // dbcontest
+
+    // ---------------------------------------------------------------- controls
+    // entry line
+    Control *txtcall, *txtdate, *txttime, *lblrsts, *txtrsts, *TXTRSTS2, *lblrstr, *txtrstr;
+    Control *txtmult, *txtmult2, *txtpoint, *txtpoint2, *txtrepit, *txtstran5, *cmbAdd;
+    Control *TXTNCALL, *tcont;
+    Control *lblcall, *lbldate, *lbltime; // captions over the entry boxes
+    // labels that change with the contest
+    Control *LBLCONTEST, *lbldxcc, *lblzone, *lblmult, *lblmult1, *lblpoint, *lblqtc, *lblqso;
+    Control *Label1, *Label4;
+    // score panel: per band QSOs, first and second multipliers, totals
+    std::array<Control*, 7> qsoband{}, multband{}, multband1{};
+    Control *qsotot, *multtot, *multtot1;
+    // rate display
+    Control *txtrate, *txtbandtime, *txtlastqso;
+    // bands and mode
+    std::array<Control*, 7> cmbband{};
+    Control *cmbmod, *cmbwsego;
+    // lists and grids
+    Control *DBList1, *DBGrid1, *DBGrid3, *List1;
+    // multiplier window
+    Control* multwid;
+    static constexpr int MwidBoxes = 103;
+    std::array<Control*, MwidBoxes> txtMwid{};
+    Control* twid1;
+    // keyer panel
+    Control *frCW, *lbltest, *txtf4, *txtf7, *txtf8, *txtf9, *HScroll1, *lblNul, *LblPoz, *lblwpm;
+    Control* lblports; // the Linux devices behind the four COM choices
+    std::array<Control*, 8> TXTSCOR{};
+    std::array<Control*, 4> Option1{};
+    Control* lblcat; // the last frequency command emitted, as byte values
+    // QTC frame
+    Control *FRQTC, *txtqtcnr, *txtqtccall, *txtqtctime, *txtqtcband, *cmbqtc1;
+    std::array<Control*, 10> txtqtc{};
+    // menus
+    Control *cmbadd1, *mnudal, *mnupol, *cmbotchet, *cmbvur, *mnudxcc, *mnuserw, *CMBEXIT;
+    Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
+    Control *mnuwindos, *mnurusdx;
+    Control* Timer1;
+
+    // ---------------------------------------------------------------- form-level state
+    QString contestcode = QStringLiteral("hi hi");
+    QString myexch;
+    QString curband;
+    QString rstdef = QStringLiteral("599");
+    QString callchars = QStringLiteral("0123456789ASDFGHJKLQWERTYUIOPZXCVBNM/");
+    QString letters = QStringLiteral("ASDFGHJKLQWERTYUIOPZXCVBNM");
+    QString digits = QStringLiteral("0123456789");
+    QString nulchar = QStringLiteral("o");
+    // country values of the typed call
+    QString callprf, callstrana, callkont, callpref, callitu, callcq;
+    QString kodsrr; // district code of the typed Russian call
+    // contest switches (0 = the rule applies)
+    int dxccmult = 1, itufill = 1, cqfill = 1, pfxmult = 1, exchmult = 1, fixexch = 0;
+    int exchsel1 = 1, exchsel2 = 1, exchsel3 = 1, exchsel4 = 1;
+    int ctype1 = 0, ctype2 = 0, ctype3 = 0, ctype4 = 0;
+    int mwidlast = 0;
+    int mwidmode = 0; // 1: the window lists worked prefixes; otherwise a fixed list
+    int bandmult = 0; // 1: multipliers count per band in the window's band view
+    QString multcand, pscand;
+    QString lastsql;
+    // bands
+    int bandsame = 0, bandprev = -1;
+    QString catcmd;
+    QString owntail;
+    // run timers
+    QDateTime bandstart, lastqso;
+    int hourcount = 0;
+    int qsorun = 0; // QSOs committed in this run
+    bool firstAfterBandChange = true;
+    QString ratehour; // the clock hour whose full-hour reset has been done
+    // keyer
+    QString cwtext, cwcode, cwchar;
+    double cwunit = 150000;
+    double cwfactor = 1;
+    QString cutnumber, cutrst;
+    // SAC
+    int sacarea = 0, sacbox = 0;
+    // code-page conversion
+    QString perewodfile;
+    // exchange checks: the last exchange shown as unacceptable and confirmed by the operator
+    QString confirmedBad;
+
+    // ---------------------------------------------------------------- procedures by area
+    // window (contestform.cpp)
+    void Form_Load();
+    void Timer1_Timer();
+    QDateTime utcnow() const;
+    void Label4_Click();
+    void mnuawto_Click();
+    void txtdate_KeyPress(Event& e);
+    void txttime_KeyPress(Event& e);
+    void TXTNCALL_KeyPress(Event& e);
+    void CMBEXIT_Click();
+    void saveOwnCall();
+    // selection.cpp
+    void selectContest(const QString& menuItem);
+    void clearmwid();
+    // recount.cpp
+    void nextserial();
+    void recount();
+    // multipliers.cpp
+    void multcheck();
+    void pscheck();
+    void mnumdxcc_Click();
+    void mnumzone_Click();
+    void multwid_Click();
+    void fillList1();
+    // specialscoring.cpp
+    void raemscore();
+    void SAC();
+    void SAC1();
+    void SAC2();
+    void Prowerka();
+    void mnuprow_Click();
+    // country.cpp
+    void STRAN();
+    void RUS();
+    void rusdx();
+    void CQM();
+    void EU13();
+    void eucountry();
+    void callprefix();
+    void resolveOwnCall(); // own country and continent from TXTNCALL
+    QString ownpref, ownkont, owncq, ownitu;
+    // points.cpp
+    void qsopoints();
+    // entry.cpp
+    void txtcall_KeyPress(Event& e);
+    void txtcall_KeyUp(Event& e);
+    void txtcall_GotFocus();
+    void WWOD();
+    void wwodcall();
+    void DBList1_Click();
+    // exchange.cpp
+    void wwodrstr();
+    void txtrstr_KeyPress(Event& e);
+    void txtrstr_GotFocus();
+    void lblrstr_KeyPress(Event& e);
+    // commit.cpp
+    void wwodadd();
+    void cmbAdd_Click();
+    void refreshLogGrid();
+    void DBGrid3_Edit(int row, const QString& column, const QString& value);
+    // bands.cpp
+    void cmbband_Click(int index);
+    void cmbband_GotFocus(int index);
+    void cmbband_KeyPress(Event& e);
+    void cmbmod_Click();
+    void cmbwsego_Click();
+    void prefixlist();
+    // keys.cpp
+    void Form_KeyDown(Event& e);
+    void lblNul_Click();
+    void MNUCW_Click();
+    void Option1_Click(int index);
+    void HScroll1_Change();
+    void cwsend();
+    void cwkey();
+    Keyer* keyer();
+    // rig.cpp
+    void mnuCAT_Click();
+    // qtc.cpp
+    void txtqtcnr_KeyPress(Event& e);
+    void txtqtc_KeyPress(Event& e);
+    void txtqtc_KeyUp(Event& e);
+    void cmbqtc1_Click();
+    void mnuQTC_Click();
+    void qtcfill();
+    void qtcreset();
+    void qtcrefresh();
+    // maintenance.cpp
+    void cmbvur_Click();
+    void mnudelet_Click();
+    void mnuwindos_Click();
+    void perewod();
+    void ANSI2OEM();
+    // windows.cpp
+    void mnupol_Click();
+    void cmbotchet_Click();
+    void mnudxcc_Click();
+    void mnurusdx_Click();
+
+  signals:
+    void exitRequested();
+    void catEmitted(const QByteArray& block);
+
+  private:
+    void createControls();
+    void registerWindow();
+    // Each area registers its handlers, procedures and variables by name.
+    void registerSelection();
+    void registerRecount();
+    void registerMultipliers();
+    void registerSpecialScoring();
+    void registerCountry();
+    void registerPoints();
+    void registerEntry();
+    void registerExchange();
+    void registerCommit();
+    void registerBands();
+    void registerKeys();
+    void registerRig();
+    void registerQtc();
+    void registerMaintenance();
+    void registerWindows();
+
+    Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
+    QHash<QString, Form*> subForms_;
+};
+
+} // namespace hfc

@@ -1,0 +1,119 @@
+#include "forms/control.h"
+
+namespace hfc {
+
+Control::Control(const QString& name, Kind kind, QObject* parent)
+    : QObject(parent), name_(name), kind_(kind) {}
+
+void Control::setText(const QString& t) {
+    if (t == text_) return;
+    text_ = t;
+    emit changed();
+}
+void Control::setVisible(bool v) {
+    if (v == visible_) return;
+    visible_ = v;
+    emit changed();
+}
+void Control::setEnabled(bool e) {
+    if (e == enabled_) return;
+    enabled_ = e;
+    emit changed();
+}
+void Control::setBackcolor(const QString& c) {
+    if (c == backcolor_) return;
+    backcolor_ = c;
+    emit changed();
+}
+void Control::setValue(int v) {
+    if (v == value_) return;
+    value_ = v;
+    emit changed();
+}
+void Control::setItems(const QStringList& items) {
+    if (items == items_) return;
+    items_ = items;
+    emit changed();
+}
+void Control::setColumns(const QStringList& c) {
+    columns_ = c;
+    emit changed();
+}
+void Control::setRows(std::vector<QStringList> rows) {
+    rows_ = std::move(rows);
+    emit changed();
+}
+void Control::setTable(const QStringList& columns, std::vector<QStringList> rows) {
+    columns_ = columns;
+    rows_ = std::move(rows);
+    emit changed();
+}
+void Control::setTooltip(const QString& t) {
+    tooltip_ = t;
+    emit changed();
+}
+void Control::setExtra(const QString& prop, const QString& v) {
+    if (extra_.value(prop) == v && extra_.contains(prop)) return;
+    extra_.insert(prop, v);
+    emit changed();
+}
+
+bool Control::hasProperty(const QString& prop) const {
+    static const QStringList known = {"text",      "caption", "visible",  "enabled",
+                                      "backcolor", "value",   "items",    "columns",
+                                      "rows",      "tooltip", "maxlength"};
+    return known.contains(prop.toLower()) || extra_.contains(prop);
+}
+
+QString Control::property(const QString& prop) const {
+    const QString p = prop.toLower();
+    if (p == "text" || p == "caption") return text_;
+    if (p == "visible") return visible_ ? "true" : "false";
+    if (p == "enabled") return enabled_ ? "true" : "false";
+    if (p == "backcolor") return backcolor_;
+    if (p == "value") {
+        if (kind_ == Kind::Option || kind_ == Kind::CheckBox) return value_ ? "true" : "false";
+        return QString::number(value_);
+    }
+    if (p == "items") return items_.join('|');
+    if (p == "columns") return columns_.join('|');
+    if (p == "rows") {
+        QStringList lines;
+        for (const QStringList& r : rows_) lines << r.join('\t');
+        return lines.join('\n');
+    }
+    if (p == "tooltip") return tooltip_;
+    if (p == "maxlength") return QString::number(maxLength_);
+    return extra_.value(prop);
+}
+
+bool Control::setProperty(const QString& prop, const QString& value) {
+    const QString p = prop.toLower();
+    const auto asBool = [&] { return value == "true" || value == "1" || value == "True"; };
+    if (p == "text" || p == "caption")
+        setText(value);
+    else if (p == "visible")
+        setVisible(asBool());
+    else if (p == "enabled")
+        setEnabled(asBool());
+    else if (p == "backcolor")
+        setBackcolor(value);
+    else if (p == "value") {
+        if (value == "true" || value == "false")
+            setValue(value == "true" ? 1 : 0);
+        else
+            setValue(value.toInt());
+    } else if (p == "items")
+        setItems(value.isEmpty() ? QStringList() : value.split('|'));
+    else if (p == "tooltip")
+        setTooltip(value);
+    else if (p == "maxlength")
+        setMaxLength(value.toInt());
+    else if (extra_.contains(prop))
+        setExtra(prop, value);
+    else
+        return false;
+    return true;
+}
+
+} // namespace hfc

@@ -1,0 +1,18 @@
+#pragma once
+// What every window model reaches outside itself: the databases, the dialogs, the clock and the
+// key port. The program and the script driver each fill one.
+namespace hfc {
+
+class Databases;
+class Ui;
+class Clock;
+class KeyPort;
+
+struct Env {
+    Databases* db = nullptr;
+    Ui* ui = nullptr;
+    Clock* clock = nullptr;
+    KeyPort* port = nullptr;
+};
+
+} // namespace hfc

@@ -1,0 +1,328 @@
+#include "forms/form.h"
+
+namespace hfc {
+
+Form::Form(const QString& name, Env env, QObject* parent)
+    : QObject(parent), name_(name), env_(env) {}
+
+Form::~Form() = default;
+
+Control* Form::add(const QString& name, Control::Kind kind, const QString& text) {
+    auto* c = new Control(name, kind, this);
+    c->setText(text);
+    byName_.insert(name, c);
+    order_.push_back(c);
+    return c;
+}
+
+std::vector<Control*> Form::addArray(const QString& base, int count, Control::Kind kind) {
+    std::vector<Control*> out;
+    out.reserve(count);
+    for (int i = 0; i < count; ++i)
+        out.push_back(add(QStringLiteral("%1(%2)").arg(base).arg(i), kind));
+    return out;
+}
+
+Control* Form::control(const QString& name) const {
+    return byName_.value(name, nullptr);
+}
+
+QString Form::baseName(const QString& name, int* index) {
+    const int open = name.indexOf('(');
+    if (open > 0 && name.endsWith(')')) {
+        if (index) *index = name.mid(open + 1, name.size() - open - 2).toInt();
+        return name.left(open);
+    }
+    if (index) *index = -1;
+    return name;
+}
+
+void Form::on(const QString& name, Handler h, const QStringList& params) {
+    handlers_.insert(name, {std::move(h), params});
+}
+
+void Form::proc(const QString& name, std::function<void()> f) {
+    on(name, [f = std::move(f)](Event&) { f(); });
+}
+
+bool Form::fire(const QString& name, Event& ev) {
+    auto it = handlers_.constFind(name);
+    if (it == handlers_.constEnd()) return false;
+    Handler fn = it->fn; // a handler may re-register handlers
+    fn(ev);
+    return true;
+}
+
+bool Form::fire(const QString& name) {
+    Event ev;
+    return fire(name, ev);
+}
+
+bool Form::call(const QString& name, const QStringList& args) {
+    auto it = handlers_.constFind(name);
+    if (it == handlers_.constEnd()) return false;
+    Event ev;
+    ev.args = args;
+    for (int i = 0; i < args.size() && i < it->params.size(); ++i) {
+        const QString& p = it->params[i];
+        const int v = args[i].toInt();
+        if (p == QLatin1String("Index"))
+            ev.index = v;
+        else if (p == QLatin1String("KeyAscii"))
+            ev.keyAscii = v;
+        else if (p == QLatin1String("KeyCode"))
+            ev.keyCode = v;
+        else if (p == QLatin1String("Shift"))
+            ev.shift = v;
+    }
+    Handler fn = it->fn;
+    fn(ev);
+    return true;
+}
+
+void Form::var(const QString& name, QString& ref) {
+    vars_.insert(name, {[&ref] { return ref; }, [&ref](const QString& v) { ref = v; }});
+}
+void Form::var(const QString& name, int& ref) {
+    vars_.insert(name, {[&ref] { return QString::number(ref); },
+                        [&ref](const QString& v) { ref = int(val(v)); }});
+}
+void Form::var(const QString& name, double& ref) {
+    vars_.insert(name, {[&ref] { return QString::number(ref); },
+                        [&ref](const QString& v) { ref = v.toDouble(); }});
+}
+void Form::var(const QString& name, std::function<QString()> get,
+               std::function<void(QString)> set) {
+    vars_.insert(name, {std::move(get), std::move(set)});
+}
+QString Form::getVar(const QString& name) const {
+    auto it = vars_.constFind(name);
+    return it == vars_.constEnd() ? QString() : it->get();
+}
+bool Form::setVar(const QString& name, const QString& value) {
+    auto it = vars_.constFind(name);
+    if (it == vars_.constEnd()) return false;
+    it->set(value);
+    return true;
+}
+
+QString Form::focusName() const {
+    return focus_ ? focus_->name() : QString();
+}
+
+void Form::setFocus(const QString& name) {
+    if (Control* c = control(name)) {
+        setFocus(c);
+        return;
+    }
+    // A control array as a whole: its selected element, else the first.
+    Control* first = control(name + QStringLiteral("(0)"));
+    if (!first) return;
+    for (int i = 0;; ++i) {
+        Control* c = control(QStringLiteral("%1(%2)").arg(name).arg(i));
+        if (!c) break;
+        if (c->checked()) {
+            setFocus(c);
+            return;
+        }
+    }
+    setFocus(first);
+}
+
+void Form::setFocus(Control* c) {
+    if (!c || c == focus_) return;
+    Control* old = focus_;
+    focus_ = c;
+    if (old) {
+        int idx;
+        const QString base = baseName(old->name(), &idx);
+        Event ev;
+        ev.index = idx;
+        fire(base + QStringLiteral("_LostFocus"), ev);
+    }
+    emit focusChanged(c);
+    int idx;
+    const QString base = baseName(c->name(), &idx);
+    Event ev;
+    ev.index = idx;
+    fire(base + QStringLiteral("_GotFocus"), ev);
+}
+
+namespace {
+int keyCodeOf(QChar c) {
+    const QChar u = c.toUpper();
+    if ((u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9')) return u.unicode();
+    switch (c.unicode()) {
+    case '\r':
+        return keys::Enter;
+    case '\b':
+        return keys::Backspace;
+    case '\t':
+        return keys::Tab;
+    case 27:
+        return keys::Esc;
+    case ' ':
+        return 32;
+    default:
+        return c.unicode();
+    }
+}
+} // namespace
+
+void Form::keyDown(int keyCode, int shift) {
+    if (keyPreview) {
+        Event ev;
+        ev.keyCode = keyCode;
+        ev.shift = shift;
+        fire(QStringLiteral("Form_KeyDown"), ev);
+    }
+    if (!focus_) return;
+    int idx;
+    const QString base = baseName(focus_->name(), &idx);
+    Event ev;
+    ev.index = idx;
+    ev.keyCode = keyCode;
+    ev.shift = shift;
+    fire(base + QStringLiteral("_KeyDown"), ev);
+}
+
+void Form::keyUp(int keyCode, int shift) {
+    if (keyPreview) {
+        Event ev;
+        ev.keyCode = keyCode;
+        ev.shift = shift;
+        fire(QStringLiteral("Form_KeyUp"), ev);
+    }
+    // The key-up goes to whichever control holds the focus when the key is released.
+    if (!focus_) return;
+    int idx;
+    const QString base = baseName(focus_->name(), &idx);
+    Event ev;
+    ev.index = idx;
+    ev.keyCode = keyCode;
+    ev.shift = shift;
+    fire(base + QStringLiteral("_KeyUp"), ev);
+}
+
+bool Form::keyPress(Control* target, int& keyAscii) {
+    if (keyPreview) {
+        Event ev;
+        ev.keyAscii = keyAscii;
+        fire(QStringLiteral("Form_KeyPress"), ev);
+        keyAscii = ev.keyAscii;
+        if (keyAscii == 0) return false;
+    }
+    if (!target) return false;
+    int idx;
+    const QString base = baseName(target->name(), &idx);
+    Event ev;
+    ev.index = idx;
+    ev.keyAscii = keyAscii;
+    fire(base + QStringLiteral("_KeyPress"), ev);
+    keyAscii = ev.keyAscii;
+    return keyAscii != 0;
+}
+
+void Form::typeChar(QChar c) {
+    const int code = keyCodeOf(c);
+    keyDown(code, 0);
+    Control* target = focus_;
+    int ascii = c.unicode();
+    if (keyPress(target, ascii) && target) {
+        if (target->isEditable()) {
+            QString t = target->text();
+            if (ascii == keys::Backspace) {
+                t.chop(1);
+            } else if (ascii > 26 && (target->maxLength() == 0 || t.size() < target->maxLength())) {
+                t += QChar(ascii);
+            }
+            target->setText(t);
+        } else if (ascii == keys::Enter && target->kind() == Control::Kind::Button) {
+            click(target);
+        }
+    }
+    if (code == keys::Tab && !tabOrder.isEmpty()) {
+        const int at = focus_ ? tabOrder.indexOf(focus_->name()) : -1;
+        setFocus(tabOrder.value((at + 1) % tabOrder.size()));
+    }
+    keyUp(code, 0);
+}
+
+void Form::typeText(const QString& text) {
+    for (const QChar c : text) typeChar(c);
+}
+
+void Form::pressKey(int keyCode, int shift) {
+    if (shift == 0 && (keyCode == keys::Enter || keyCode == keys::Backspace ||
+                       keyCode == keys::Esc || keyCode == keys::Tab)) {
+        typeChar(QChar(keyCode));
+        return;
+    }
+    keyDown(keyCode, shift);
+    keyUp(keyCode, shift);
+}
+
+void Form::click(const QString& controlName) {
+    if (Control* c = control(controlName)) click(c);
+}
+
+void Form::click(Control* c) {
+    int idx;
+    const QString base = baseName(c->name(), &idx);
+    if (c->kind() == Control::Kind::Option && idx >= 0) {
+        for (int i = 0;; ++i) {
+            Control* o = control(QStringLiteral("%1(%2)").arg(base).arg(i));
+            if (!o) break;
+            o->setValue(o == c ? 1 : 0);
+        }
+    }
+    Event ev;
+    ev.index = idx;
+    fire(base + QStringLiteral("_Click"), ev);
+}
+
+void Form::show() {
+    shown_ = true;
+    emit shownChanged(true);
+    fire(QStringLiteral("Form_Activate"));
+}
+
+void Form::unload() {
+    onUnload();
+    shown_ = false;
+    emit shownChanged(false);
+}
+
+Ui::Answer Form::msgbox(const QString& text, const QString& title, Ui::Buttons b) {
+    return env_.ui->msgbox(text, title, b);
+}
+
+QString Form::inputbox(const QString& prompt, const QString& title) {
+    return env_.ui->inputbox(prompt, title).value_or(QString());
+}
+
+QString num(long long v) {
+    return QString::number(v);
+}
+
+long long val(const QString& s) {
+    qsizetype i = 0;
+    while (i < s.size() && s[i] == ' ') ++i;
+    bool neg = false;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) {
+        neg = s[i] == '-';
+        ++i;
+    }
+    long long v = 0;
+    bool any = false;
+    while (i < s.size() && s[i].isDigit() && s[i].unicode() < 128) {
+        v = v * 10 + (s[i].unicode() - '0');
+        any = true;
+        if (v > 1000000000000LL) break;
+        ++i;
+    }
+    if (!any) return 0;
+    return neg ? -v : v;
+}
+
+} // namespace hfc

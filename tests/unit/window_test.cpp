@@ -1,0 +1,129 @@
+// Start-up, clock, rate and own call of the main window.
+#include "formfixture.h"
+
+#include <QFile>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+using WindowTest = FormFixture;
+
+TEST_F(WindowTest, StartsWithNoContestAndClockFillsUtcDateAndTime) {
+    EXPECT_EQ(form->contestcode, "hi hi");
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txttime"), "12:05:00");
+    EXPECT_EQ(text("txtdate"), "30.11.02");
+    form->Label4_Click();
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txttime"), "15:05:00");
+}
+
+TEST_F(WindowTest, UtcDateChangesAtUtcMidnight) {
+    clock.set(QDateTime(QDate(2002, 12, 1), QTime(2, 30)),
+              QDateTime(QDate(2002, 11, 30), QTime(23, 59, 59)));
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txtdate"), "30.11.02");
+    clock.advance(1);
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txtdate"), "01.12.02");
+}
+
+TEST_F(WindowTest, RateScalesTheHourAndResetsAtTheFullHour) {
+    clock.set(QDateTime(QDate(2002, 11, 30), QTime(15, 0)),
+              QDateTime(QDate(2002, 11, 30), QTime(12, 0)));
+    form->hourcount = 7;
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txtrate"), "0");
+    EXPECT_EQ(form->hourcount, 0);
+    form->hourcount = 20;
+    clock.advance(30 * 60);
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txtrate"), "40");
+}
+
+TEST_F(WindowTest, ManualDateTimeKeepsTypedValuesAcrossTicks) {
+    form->mnuawto_Click();
+    EXPECT_EQ(text("mnuawto"), "Дата-Время авто.");
+    form->txttime->setText("10:11");
+    form->txtdate->setText("01.01.03");
+    clock.advance(3600);
+    form->Timer1_Timer();
+    EXPECT_EQ(text("txttime"), "10:11");
+    EXPECT_EQ(text("txtdate"), "01.01.03");
+    // Enter walks date -> time -> exchange
+    form->setFocus("txtdate");
+    form->typeText("\r");
+    EXPECT_EQ(form->focusName(), "txttime");
+    form->typeText("\r");
+    EXPECT_EQ(form->focusName(), "txtrstr");
+}
+
+TEST_F(WindowTest, OwnCallIsUpperCasedAndStored) {
+    form->TXTNCALL->setText("");
+    form->setFocus("TXTNCALL");
+    form->typeText("ua3\r"); // three characters: not stored yet
+    EXPECT_EQ(form->focusName(), "TXTNCALL");
+    form->typeText("a\r");
+    EXPECT_EQ(db.contest.scalar("SELECT ccall FROM tbltit"), "UA3A");
+    EXPECT_EQ(form->focusName(), "txtcall");
+}
+
+TEST(Databases, RefusesAFileThatIsNotADatabaseAndLeavesItAsItWas) {
+    QTemporaryDir dir;
+    const QByteArray garbage("this is not a database\x01\x02", 24);
+    for (const QByteArray& content : {garbage, QByteArray()}) {
+        QFile f(dir.path() + "/dbdxcc1.sqlite");
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(content);
+        f.close();
+        Databases db;
+        QString error;
+        EXPECT_FALSE(db.open(dir.path(), error));
+        EXPECT_TRUE(error.contains("dbdxcc1.sqlite")) << error.toStdString();
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), content);
+        f.close();
+    }
+}
+
+TEST(Databases, CreatesMissingFilesOnceAndNeverOverwrites) {
+    QTemporaryDir dir;
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(dir.path(), error));
+        db.contest.run("INSERT INTO tbllog (ccall, ps2) VALUES ('UA3ABC', 'cqww')");
+        EXPECT_EQ(db.contest.scalar("PRAGMA journal_mode"), "wal");
+    }
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(dir.path(), error));
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 1);
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbltit"), 1);
+    EXPECT_EQ(db.contest.scalar("SELECT totq FROM rezult"), "0");
+}
+
+TEST(Databases, ForeignSchemaIsRefused) {
+    QTemporaryDir dir;
+    {
+        Db other;
+        other.open(dir.path() + "/dbhelp.sqlite", true);
+        other.exec("CREATE TABLE something (x TEXT)");
+    }
+    Databases db;
+    QString error;
+    EXPECT_FALSE(db.open(dir.path(), error));
+    EXPECT_TRUE(error.contains("tblhelp"));
+    EXPECT_FALSE(QFile::exists(dir.path() + "/dbcontest.sqlite"));
+}
+
+TEST(Databases, DatesSortByCalendarValue) {
+    QTemporaryDir dir;
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(dir.path(), error));
+    for (const char* d : {"01.01.03", "31.12.02", "05.02.99", "15.11.02"})
+        db.contest.run("INSERT INTO tbllog (ccall, ddate) VALUES ('X', ?1)", {d});
+    EXPECT_EQ(db.contest.column("SELECT ddate FROM tbllog ORDER BY cdate(ddate)"),
+              QStringList({"05.02.99", "15.11.02", "31.12.02", "01.01.03"}));
+}
