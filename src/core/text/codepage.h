@@ -1,0 +1,23 @@
+#pragma once
+// Report files are single-byte Windows-1251 text, as the Russian contest committees expect; the
+// DOS code page 866 is offered for tools that still read only that.
+#include <QByteArray>
+#include <QString>
+
+namespace hfc {
+
+// Windows-1251 bytes of a text; every character the code page cannot hold becomes one "?".
+QByteArray toWin1251(const QString& text);
+
+QString fromWin1251(const QByteArray& bytes);
+
+// Windows-1251 to code page 866, one byte for one byte (so a line keeps its length); a character
+// 866 does not have becomes "?".
+QByteArray win1251ToCp866(const QByteArray& bytes);
+
+// Converts a Windows-1251 text file to code page 866 in place, through a copy named with "1"
+// before the last four characters of the path. Lines end in CR LF afterwards. Returns false on
+// any failure; after a failure past the copy step the copy is left for the user to recover from.
+bool ansiToOemFile(const QString& path);
+
+} // namespace hfc
