@@ -133,6 +133,8 @@ class ContestForm : public Form {
     // selection.cpp
     void selectContest(const QString& menuItem);
     void clearmwid();
+    // The 43 contest menu items in menu order; each has extra("parent"): "cmbadd1" or "mnudal".
+    std::vector<Control*> contestMenu;
     // recount.cpp
     void nextserial();
     void recount();
