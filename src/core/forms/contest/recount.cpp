@@ -59,33 +59,44 @@ void ContestForm::nextserial() {
 void ContestForm::recount() {
     Db& db = logDb();
     const bool chemp = contestcode == QLatin1String("chemp");
-    // One pass over the contest's rows gives every band. Multipliers are distinct non-empty
-    // values per band (placeholders included, as in the log); the championship shows summed
-    // points instead.
-    const QString sql =
-        chemp ? QStringLiteral("SELECT bband, SUM(ccall <> ?2), SUM(CAST(point AS INTEGER)), "
-                               "SUM(CAST(point2 AS INTEGER)) FROM tbllog WHERE ps2 = ?1 "
-                               "GROUP BY bband")
-              : QStringLiteral("SELECT bband, SUM(ccall <> ?2), "
-                               "COUNT(DISTINCT CASE WHEN length(mult) > 0 THEN mult END), "
-                               "COUNT(DISTINCT CASE WHEN length(ps) > 0 THEN ps END) "
-                               "FROM tbllog WHERE ps2 = ?1 GROUP BY bband");
-    const Rows rows = db.query(sql, {contestcode, placeholder()});
+    const QStringList params{contestcode, placeholder()};
+    // Per band: QSOs without placeholders; distinct non-empty first and second multipliers
+    // (placeholders included, as logged), or for the championship the summed points. Each query
+    // reads one covering index of the log.
+    const Rows qsos = db.query(QStringLiteral("SELECT bband, COUNT(*) FROM tbllog WHERE ps2 = ?1 "
+                                              "AND ccall <> ?2 GROUP BY bband"),
+                               params);
+    Rows first, second;
+    if (chemp) {
+        // the championship logs are small: one pass over the rows for both sums
+        const Rows sums = db.query(QStringLiteral("SELECT bband, SUM(CAST(point AS INTEGER)), "
+                                                  "SUM(CAST(point2 AS INTEGER)) FROM tbllog "
+                                                  "WHERE ps2 = ?1 GROUP BY bband"),
+                                   {contestcode});
+        for (const QStringList& r : sums) {
+            first.push_back({r[0], r[1]});
+            second.push_back({r[0], r[2]});
+        }
+    } else {
+        first = db.query(QStringLiteral("SELECT bband, COUNT(DISTINCT mult) FROM tbllog "
+                                        "WHERE ps2 = ?1 AND length(mult) > 0 GROUP BY bband"),
+                         {contestcode});
+        second = db.query(QStringLiteral("SELECT bband, COUNT(DISTINCT ps) FROM tbllog "
+                                         "WHERE ps2 = ?1 AND length(ps) > 0 GROUP BY bband"),
+                          {contestcode});
+    }
+    const auto of = [](const Rows& rows, const QString& band) -> long long {
+        for (const QStringList& r : rows)
+            if (r[0] == band) return val(r[1]);
+        return 0;
+    };
 
     long long qsum = 0, msum = 0, m1sum = 0;
     for (int b = 0; b < 7; ++b) {
         const QString band = cmbband[b]->text();
-        long long q = 0, m = 0, m1 = 0;
-        for (const QStringList& r : rows) {
-            if (r[0] != band) continue;
-            q = val(r[1]);
-            m = val(r[2]);
-            m1 = val(r[3]);
-            break;
-        }
-        qsoband[b]->setText(num(q));
-        multband[b]->setText(num(m));
-        multband1[b]->setText(num(m1));
+        qsoband[b]->setText(num(of(qsos, band)));
+        multband[b]->setText(num(of(first, band)));
+        multband1[b]->setText(num(of(second, band)));
         qsum += val(qsoband[b]->text());
         msum += val(multband[b]->text());
         m1sum += val(multband1[b]->text());
