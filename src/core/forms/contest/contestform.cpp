@@ -32,6 +32,17 @@ Db& ContestForm::logDb() {
     return env().db->contest;
 }
 
+QStringList ContestForm::contestMenuItems() const {
+    static const QStringList service = {"cmbadd1", "mnudal",   "mnupol",   "cmbotchet", "cmbvur",
+                                        "mnudxcc", "mnuserw",  "mnumzone", "mnumdxcc",  "mnuawto",
+                                        "MNUCW",   "mnuCAT",   "mnuQTC",   "mnudelet",  "mnuwindos",
+                                        "mnurusdx", "mnuprow", "CMBEXIT"};
+    QStringList items;
+    for (const Control* c : controls())
+        if (c->kind() == Control::Kind::Menu && !service.contains(c->name())) items << c->name();
+    return items;
+}
+
 Form* ContestForm::subForm(const QString& name) {
     return subForms_.value(name, nullptr);
 }

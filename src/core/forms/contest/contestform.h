@@ -35,6 +35,9 @@ class ContestForm : public Form {
 
     Form* subForm(const QString& name) override;
     Db& logDb(); // dbcontest
+    // The contest menu items in menu order (the first 33 under "Соревнования", the rest under
+    // "Далее"), as the catalogue created them.
+    QStringList contestMenuItems() const;
 
     // ---------------------------------------------------------------- controls
     // entry line
