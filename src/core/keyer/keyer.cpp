@@ -2,16 +2,11 @@
 
 #include "keyer/unitclock.h"
 
-#include <QThread>
-
 namespace hfc {
 
 Keyer::Keyer(std::shared_ptr<KeyPort> port) : m_port(std::move(port)) {
-    // A QThread rather than std::thread: a serial port object wants an event dispatcher on the
-    // thread it lives in, even though this one never runs its loop.
-    m_thread = QThread::create([this] { run(); });
-    m_thread->setObjectName(QStringLiteral("keyer"));
-    m_thread->start(QThread::TimeCriticalPriority);
+    // The serial port is opened write-only, so it needs no event dispatcher on this thread.
+    m_thread = std::thread([this] { run(); });
 }
 
 Keyer::~Keyer() {
@@ -21,8 +16,7 @@ Keyer::~Keyer() {
         m_stop = true;
     }
     m_wake.notify_all();
-    m_thread->wait();
-    delete m_thread;
+    m_thread.join();
 }
 
 double Keyer::wpmForBar(int value) {

@@ -12,8 +12,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-
-class QThread;
+#include <thread>
 
 namespace hfc {
 
@@ -36,7 +35,8 @@ class Keyer {
 
     // Called on the worker thread when the port cannot be opened or a line cannot be set. The
     // message has stopped with the lines and the port left as they were. The handler must be
-    // thread-safe: a form posts it to its own thread to show "Порт занят".
+    // thread-safe: a form posts it to its own thread to show "Порт занят". waitIdle() returns only
+    // after the handler has returned.
     void setPortErrorHandler(std::function<void()> handler);
 
     // Queues a message (cwkey): PTT on, the elements at `unit` iterations, then the 4-unit PTT tail
@@ -78,7 +78,7 @@ class Keyer {
     bool m_stop = false;
     std::function<void()> m_onPortError;
 
-    QThread* m_thread = nullptr;
+    std::thread m_thread;
 };
 
 } // namespace hfc
