@@ -7,7 +7,7 @@ namespace hfc {
 
 using K = Control::Kind;
 
-ContestForm::ContestForm(Env env, QObject* parent) : Form(QStringLiteral("CONTEST"), env, parent) {
+ContestForm::ContestForm(const Env& env, QObject* parent) : Form(QStringLiteral("CONTEST"), env, parent) {
     keyPreview = true; // function keys work wherever the focus is
     createControls();
     registerWindow();

@@ -30,7 +30,7 @@ class Keyer;
 class ContestForm : public Form {
     Q_OBJECT
   public:
-    explicit ContestForm(Env env, QObject* parent = nullptr);
+    explicit ContestForm(const Env& env, QObject* parent = nullptr);
     ~ContestForm() override;
 
     Form* subForm(const QString& name) override;
