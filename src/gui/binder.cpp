@@ -130,7 +130,8 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         break;
     }
     case K::Menu:
-    case K::Timer: return nullptr;
+    case K::Timer:
+        return nullptr;
     }
     w->setObjectName(c->name());
     w->installEventFilter(this);
@@ -202,8 +203,10 @@ void Binder::mirror(Control* c, QWidget* w) {
         for (int r = 0; r < int(rows.size()); ++r)
             for (int col = 0; col < rows[r].size() && col < t->columnCount(); ++col) {
                 auto* it = t->item(r, col);
-                if (!it) t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
-                else if (it->text() != rows[r][col]) it->setText(rows[r][col]);
+                if (!it)
+                    t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
+                else if (it->text() != rows[r][col])
+                    it->setText(rows[r][col]);
             }
         t->scrollToBottom(); // the newest QSO stays in view
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
@@ -221,22 +224,37 @@ void Binder::onFocusChanged(Control* c) {
 int Binder::vkCode(int key) {
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::F1 + (key - Qt::Key_F1);
     switch (key) {
-    case Qt::Key_Left: return keys::Left;
-    case Qt::Key_Up: return keys::Up;
-    case Qt::Key_Right: return keys::Right;
-    case Qt::Key_Down: return keys::Down;
-    case Qt::Key_Escape: return keys::Esc;
+    case Qt::Key_Left:
+        return keys::Left;
+    case Qt::Key_Up:
+        return keys::Up;
+    case Qt::Key_Right:
+        return keys::Right;
+    case Qt::Key_Down:
+        return keys::Down;
+    case Qt::Key_Escape:
+        return keys::Esc;
     case Qt::Key_Return:
-    case Qt::Key_Enter: return keys::Enter;
-    case Qt::Key_Backspace: return keys::Backspace;
-    case Qt::Key_Tab: return keys::Tab;
-    case Qt::Key_Delete: return 46;
-    case Qt::Key_Home: return 36;
-    case Qt::Key_End: return 35;
-    case Qt::Key_PageUp: return 33;
-    case Qt::Key_PageDown: return 34;
-    case Qt::Key_Insert: return 45;
-    default: return 0;
+    case Qt::Key_Enter:
+        return keys::Enter;
+    case Qt::Key_Backspace:
+        return keys::Backspace;
+    case Qt::Key_Tab:
+        return keys::Tab;
+    case Qt::Key_Delete:
+        return 46;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_PageUp:
+        return 33;
+    case Qt::Key_PageDown:
+        return 34;
+    case Qt::Key_Insert:
+        return 45;
+    default:
+        return 0;
     }
 }
 
@@ -297,7 +315,8 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         return false;
-    default: return false;
+    default:
+        return false;
     }
 }
 

@@ -15,7 +15,7 @@ namespace hfc {
 
 class Binder : public QObject {
     Q_OBJECT
-public:
+  public:
     explicit Binder(Form* form, QObject* parent = nullptr);
 
     Form* form() const { return form_; }
@@ -30,10 +30,10 @@ public:
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+  private:
     void mirror(Control* c, QWidget* w);
     void onFocusChanged(Control* c);
 
