@@ -19,9 +19,11 @@ namespace {
 int argc = 1;
 char arg0[] = "gui_tests";
 char* argv[] = {arg0, nullptr};
+// Never destroyed: tearing it down among the exit-time statics crashes in Qt's input-device
+// cleanup once QTest has created its fake keyboard.
 QApplication& app() {
-    static QApplication a(argc, argv);
-    return a;
+    static auto* a = new QApplication(argc, argv);
+    return *a;
 }
 
 struct Window {

@@ -8,7 +8,7 @@ namespace hfc {
 class Dxcc1Form : public Form {
     Q_OBJECT
   public:
-    explicit Dxcc1Form(Env env, QObject* parent = nullptr);
+    explicit Dxcc1Form(const Env& env, QObject* parent = nullptr);
 
     QString caption = QStringLiteral("DXCC");
 

@@ -6,7 +6,8 @@ namespace hfc {
 
 using K = Control::Kind;
 
-FrmHelpForm::FrmHelpForm(Env env, QObject* parent) : Form(QStringLiteral("FRMHELP"), env, parent) {
+FrmHelpForm::FrmHelpForm(const Env& env, QObject* parent)
+    : Form(QStringLiteral("FRMHELP"), env, parent) {
     keyPreview = true; // Esc closes the window wherever the focus is
     kalendar = add("kalendar", K::Frame);
     kalendar->setVisible(false); // shown when no contest is chosen, or from the menu

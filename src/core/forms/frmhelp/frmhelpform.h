@@ -10,7 +10,7 @@ namespace hfc {
 class FrmHelpForm : public Form {
     Q_OBJECT
   public:
-    explicit FrmHelpForm(Env env, QObject* parent = nullptr);
+    explicit FrmHelpForm(const Env& env, QObject* parent = nullptr);
 
     QString caption = QStringLiteral("Условия и результаты соревнований по р/связи на КВ");
 

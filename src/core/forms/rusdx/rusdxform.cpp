@@ -12,7 +12,7 @@ namespace {
 constexpr int kSearchLength = 5;
 }
 
-RusdxForm::RusdxForm(Env env, QObject* parent) : Form(QStringLiteral("rusdx"), env, parent) {
+RusdxForm::RusdxForm(const Env& env, QObject* parent) : Form(QStringLiteral("rusdx"), env, parent) {
     lblserch = add("lblserch", K::Label, "Поиск");
     txtserch = add("txtserch", K::TextBox);
     txtserch->setMaxLength(kSearchLength);

@@ -8,7 +8,7 @@ namespace hfc {
 class RusdxForm : public Form {
     Q_OBJECT
   public:
-    explicit RusdxForm(Env env, QObject* parent = nullptr);
+    explicit RusdxForm(const Env& env, QObject* parent = nullptr);
 
     QString caption = QStringLiteral("Районы России");
 
