@@ -16,16 +16,6 @@
 using namespace hfc;
 
 namespace {
-int argc = 1;
-char arg0[] = "gui_tests";
-char* argv[] = {arg0, nullptr};
-// Never destroyed: tearing it down among the exit-time statics crashes in Qt's input-device
-// cleanup once QTest has created its fake keyboard.
-QApplication& app() {
-    static auto* a = new QApplication(argc, argv);
-    return *a;
-}
-
 struct Window {
     QTemporaryDir dir;
     Databases db;
@@ -34,7 +24,6 @@ struct Window {
     std::unique_ptr<ContestForm> form;
     std::unique_ptr<MainWindow> win;
     Window() {
-        app();
         QString error;
         EXPECT_TRUE(db.open(dir.path(), error));
         Env env;
