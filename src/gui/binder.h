@@ -10,6 +10,7 @@
 class QWidget;
 class QAction;
 class QKeyEvent;
+class QTreeWidget;
 
 namespace hfc {
 
@@ -35,6 +36,7 @@ class Binder : public QObject {
 
   private:
     void mirror(Control* c, QWidget* w);
+    void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
 
     Form* form_;

@@ -217,6 +217,10 @@ class ContestForm : public Form {
     void mnuwindos_Click();
     void perewod();
     void ANSI2OEM();
+    bool transferLog();        // false, after a message, when the station log cannot take the rows
+    bool clearLog();           // mnudelet_Click's work; false when no backup could be made
+    bool backupLog();          // a dated copy of dbcontest before log rows are deleted
+    bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
     // windows.cpp
     void mnupol_Click();
     void cmbotchet_Click();
