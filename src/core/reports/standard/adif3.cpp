@@ -87,7 +87,7 @@ QString record(const Adif3Options& options, const LogRow& r) {
     const Side rcvd = side(contest, false, r.rstr, r.rstr1, r.rstr2);
 
     Record rec;
-    rec.field("CALL", ascii(r.ccall).remove(QLatin1Char(' ')));
+    rec.field("CALL", ascii(r.ccall).remove(QLatin1Char(' ')).toUpper());
     const QDate date = dateFromDdate(r.ddate);
     if (date.isValid()) rec.field("QSO_DATE", date.toString(QStringLiteral("yyyyMMdd")));
     rec.field("TIME_ON", hhmmOf(r.ttime));
@@ -100,7 +100,8 @@ QString record(const Adif3Options& options, const LogRow& r) {
     rec.field("STX_STRING", sent.exchange);
     rec.field("SRX_STRING", rcvd.exchange);
     rec.field("CONTEST_ID", adifContestId(r.ps2, mode));
-    rec.field("STATION_CALLSIGN", ascii(options.stationCallsign).remove(QLatin1Char(' ')));
+    rec.field("STATION_CALLSIGN",
+              ascii(options.stationCallsign).remove(QLatin1Char(' ')).toUpper());
     return rec.text() + QStringLiteral(" <EOR>");
 }
 

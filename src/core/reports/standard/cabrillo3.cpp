@@ -80,7 +80,7 @@ QString qsoLine(const QString& ownCall, const LogRow& r) {
     line += QLatin1Char(' ') + ljust(ownCall, 13);
     line += QLatin1Char(' ') + ljust(ascii(r.rsts1), 3);
     line += QLatin1Char(' ') + ljust(ascii(r.rsts2), 6);
-    line += QLatin1Char(' ') + ljust(ascii(r.ccall), 13);
+    line += QLatin1Char(' ') + ljust(ascii(r.ccall).toUpper(), 13);
     line += QLatin1Char(' ') + ljust(ascii(r.rstr1), 3);
     line += QLatin1Char(' ') + ljust(ascii(r.rstr2), 6);
     return line.trimmed();
@@ -120,7 +120,7 @@ QString qtcSerial(const LogRow& q, const QList<LogRow>& qtcs) {
 
 QString qtcLine(const QString& ownCall, QtcRole role, const LogRow& q, const QString& serial,
                 QsoMode mode) {
-    const QString other = ascii(q.ccall);
+    const QString other = ascii(q.ccall).toUpper();
     const QString sender = role == QtcRole::Sent ? ownCall : other;
     const QString receiver = role == QtcRole::Sent ? other : ownCall;
     // The passed-on QSO: its time, call and serial, separated by blanks as typed.
@@ -216,7 +216,7 @@ QByteArray cabrillo3File(const Cabrillo3Header& header, const QString& contestco
     if (contest.isEmpty()) contest = cabrilloContestName(contestcode, logMode);
     if (contest.isEmpty()) contest = ascii(contestcode).toUpper();
 
-    const QString ownCall = ascii(header.callsign).remove(QLatin1Char(' '));
+    const QString ownCall = ascii(header.callsign).remove(QLatin1Char(' ')).toUpper();
     AsciiLines out;
     out.tag("START-OF-LOG", QStringLiteral("3.0"));
     out.tag("CALLSIGN", ownCall);

@@ -41,7 +41,8 @@ QList<LintIssue> lintLog(const QList<LogRow>& rowsInEntryOrder) {
         const LogRow& r = rowsInEntryOrder[i];
         if (!isLoggedQso(r)) continue;
 
-        const QString bad = badCallChars(r.ccall);
+        // The exports write calls in capitals, so only what stays wrong after that is reported.
+        const QString bad = badCallChars(r.ccall.toUpper());
         if (!bad.isEmpty())
             issues << issue(Kind::BadCallsign, i, r,
                             QStringLiteral("в позывном знаки %1, допустимы только A–Z, 0–9 и «/»")
