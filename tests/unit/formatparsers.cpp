@@ -20,24 +20,52 @@ bool allAscii(const QByteArray& b, QStringList& errors) {
 }
 
 // Cabrillo 3.0 tags, and the values the category tags allow.
-const QSet<QString> kTags = {
-    "START-OF-LOG", "END-OF-LOG", "ADDRESS", "ADDRESS-CITY", "ADDRESS-STATE-PROVINCE",
-    "ADDRESS-POSTALCODE", "ADDRESS-COUNTRY", "CALLSIGN", "CATEGORY-ASSISTED", "CATEGORY-BAND",
-    "CATEGORY-MODE", "CATEGORY-OPERATOR", "CATEGORY-POWER", "CATEGORY-STATION", "CATEGORY-TIME",
-    "CATEGORY-TRANSMITTER", "CATEGORY-OVERLAY", "CERTIFICATE", "CLAIMED-SCORE", "CLUB", "CONTEST",
-    "CREATED-BY", "EMAIL", "GRID-LOCATOR", "LOCATION", "NAME", "OFFTIME", "OPERATORS", "SOAPBOX",
-    "QSO", "X-QSO", "QTC", "DEBUG"};
+const QSet<QString> kTags = {"START-OF-LOG",
+                             "END-OF-LOG",
+                             "ADDRESS",
+                             "ADDRESS-CITY",
+                             "ADDRESS-STATE-PROVINCE",
+                             "ADDRESS-POSTALCODE",
+                             "ADDRESS-COUNTRY",
+                             "CALLSIGN",
+                             "CATEGORY-ASSISTED",
+                             "CATEGORY-BAND",
+                             "CATEGORY-MODE",
+                             "CATEGORY-OPERATOR",
+                             "CATEGORY-POWER",
+                             "CATEGORY-STATION",
+                             "CATEGORY-TIME",
+                             "CATEGORY-TRANSMITTER",
+                             "CATEGORY-OVERLAY",
+                             "CERTIFICATE",
+                             "CLAIMED-SCORE",
+                             "CLUB",
+                             "CONTEST",
+                             "CREATED-BY",
+                             "EMAIL",
+                             "GRID-LOCATOR",
+                             "LOCATION",
+                             "NAME",
+                             "OFFTIME",
+                             "OPERATORS",
+                             "SOAPBOX",
+                             "QSO",
+                             "X-QSO",
+                             "QTC",
+                             "DEBUG"};
 
 const QMap<QString, QSet<QString>> kCategoryValues = {
     {"CATEGORY-ASSISTED", {"ASSISTED", "NON-ASSISTED"}},
-    {"CATEGORY-BAND", {"ALL", "160M", "80M", "40M", "20M", "15M", "10M", "6M", "4M", "2M", "222",
-                       "432", "902", "1.2G", "2.3G", "3.4G", "5.7G", "10G", "24G", "47G", "75G",
-                       "122G", "134G", "241G", "LIGHT", "VHF-3-BAND", "VHF-FM-ONLY"}},
+    {"CATEGORY-BAND",
+     {"ALL", "160M", "80M", "40M",  "20M",  "15M",  "10M",   "6M",         "4M",
+      "2M",  "222",  "432", "902",  "1.2G", "2.3G", "3.4G",  "5.7G",       "10G",
+      "24G", "47G",  "75G", "122G", "134G", "241G", "LIGHT", "VHF-3-BAND", "VHF-FM-ONLY"}},
     {"CATEGORY-MODE", {"CW", "DIGI", "FM", "RTTY", "SSB", "MIXED"}},
     {"CATEGORY-OPERATOR", {"SINGLE-OP", "MULTI-OP", "CHECKLOG"}},
     {"CATEGORY-POWER", {"HIGH", "LOW", "QRP"}},
-    {"CATEGORY-STATION", {"DISTRIBUTED", "FIXED", "MOBILE", "PORTABLE", "ROVER", "ROVER-LIMITED",
-                          "ROVER-UNLIMITED", "EXPEDITION", "HQ", "SCHOOL", "EXPLORER"}},
+    {"CATEGORY-STATION",
+     {"DISTRIBUTED", "FIXED", "MOBILE", "PORTABLE", "ROVER", "ROVER-LIMITED", "ROVER-UNLIMITED",
+      "EXPEDITION", "HQ", "SCHOOL", "EXPLORER"}},
     {"CATEGORY-TRANSMITTER", {"ONE", "TWO", "LIMITED", "UNLIMITED", "SWL"}},
 };
 
@@ -166,25 +194,25 @@ AdifFile readAdif(const QByteArray& file) {
             out.errors << QStringLiteral("unclosed data specifier at %1").arg(open);
             break;
         }
-        const QStringList spec = text.mid(open + 1, close - open - 1).split(QLatin1Char(':'));
-        const QString name = spec[0].toUpper();
+        const QStringList parts = text.mid(open + 1, close - open - 1).split(QLatin1Char(':'));
+        const QString name = parts[0].toUpper();
         pos = close + 1;
-        if (spec.size() == 1) {
+        if (parts.size() == 1) {
             if (name == QLatin1String("EOH") && inHeader) {
                 out.header = current;
                 inHeader = false;
             } else if (name == QLatin1String("EOR") && !inHeader) {
                 out.records << current;
             } else {
-                out.errors << QStringLiteral("unexpected <%1>").arg(spec[0]);
+                out.errors << QStringLiteral("unexpected <%1>").arg(parts[0]);
             }
             current.clear();
             continue;
         }
         bool ok = false;
-        const int length = spec[1].toInt(&ok);
-        if (!ok || length < 0 || spec.size() > 3 || pos + length > text.size()) {
-            out.errors << QStringLiteral("bad data specifier <%1>").arg(spec.join(':'));
+        const int length = parts[1].toInt(&ok);
+        if (!ok || length < 0 || parts.size() > 3 || pos + length > text.size()) {
+            out.errors << QStringLiteral("bad data specifier <%1>").arg(parts.join(':'));
             break;
         }
         if (current.contains(name)) out.errors << QStringLiteral("field twice: ") + name;
@@ -197,8 +225,8 @@ AdifFile readAdif(const QByteArray& file) {
 }
 
 QStringList checkAdifRecord(const AdifFields& r) {
-    static const QSet<QString> bands = {"2190m", "630m", "560m", "160m", "80m", "60m", "40m",
-                                        "30m",   "20m",  "17m",  "15m",  "12m", "10m", "8m",
+    static const QSet<QString> bands = {"2190m", "630m", "560m", "160m", "80m",   "60m", "40m",
+                                        "30m",   "20m",  "17m",  "15m",  "12m",   "10m", "8m",
                                         "6m",    "5m",   "4m",   "2m",   "1.25m", "70cm"};
     static const QSet<QString> modes = {"AM", "CW", "FM", "SSB", "RTTY", "PSK", "MFSK", "FT8"};
     QStringList errors;
