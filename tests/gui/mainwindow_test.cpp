@@ -15,14 +15,6 @@
 using namespace hfc;
 
 namespace {
-int argc = 1;
-char arg0[] = "gui_tests";
-char* argv[] = {arg0, nullptr};
-QApplication& app() {
-    static QApplication a(argc, argv);
-    return a;
-}
-
 struct Window {
     QTemporaryDir dir;
     Databases db;
@@ -31,7 +23,6 @@ struct Window {
     std::unique_ptr<ContestForm> form;
     std::unique_ptr<MainWindow> win;
     Window() {
-        app();
         QString error;
         EXPECT_TRUE(db.open(dir.path(), error));
         Env env;
