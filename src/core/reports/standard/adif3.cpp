@@ -46,10 +46,9 @@ struct Side {
     QString report, serial, exchange;
 };
 
-Side side(const StandardContest* contest, bool sent, const QString& plainReport,
+Side side(const StandardContest* contest, bool serialExpected, const QString& plainReport,
           const QString& first, const QString& second) {
     const ExchangeLayout layout = contest ? contest->layout : ExchangeLayout::ReportExchange;
-    const bool serialExpected = contest ? (sent ? contest->sentSerial : contest->rcvdSerial) : true;
     Side s;
     QStringList items;
     QString serialItem;
@@ -83,8 +82,8 @@ Side side(const StandardContest* contest, bool sent, const QString& plainReport,
 QString record(const Adif3Options& options, const LogRow& r) {
     const StandardContest* contest = standardContest(r.ps2);
     const QsoMode mode = qsoMode(r);
-    const Side sent = side(contest, true, r.rsts, r.rsts1, r.rsts2);
-    const Side rcvd = side(contest, false, r.rstr, r.rstr1, r.rstr2);
+    const Side sent = side(contest, sendsSerial(r.ps2), r.rsts, r.rsts1, r.rsts2);
+    const Side rcvd = side(contest, !contest || contest->rcvdSerial, r.rstr, r.rstr1, r.rstr2);
 
     Record rec;
     rec.field("CALL", ascii(r.ccall).remove(QLatin1Char(' ')).toUpper());

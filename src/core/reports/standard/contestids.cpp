@@ -1,4 +1,5 @@
 #include "reports/standard/contestids.h"
+#include "contests/catalogue.h"
 
 namespace hfc {
 
@@ -11,49 +12,49 @@ constexpr auto ES = ExchangeLayout::ExchangeSerial;
 // Catalogue order. Names marked in docs/exports.md as ours are used where the sponsor publishes
 // no Cabrillo name or ADIF has no enumeration value.
 constexpr StandardContest kContests[] = {
-    {"chemp", "RUS-CHAMP", "RUS-CHAMP", "RUS-CHAMP", "RUS-CHAMP", ES, true, true},
-    {"aa", "AADX-CW", "AADX-SSB", "ALL-ASIAN-DX-CW", "ALL-ASIAN-DX-PHONE", RE, false, false},
-    {"agcw", "AGCW-HNY", "AGCW-HNY", "AGCW-HNY", "AGCW-HNY", RE, true, true},
-    {"ari", "ARI-DX", "ARI-DX", "ARI-DX", "ARI-DX", RE, true, true},
-    {"arrl10", "ARRL-10", "ARRL-10", "ARRL-10", "ARRL-10", RE, true, true},
-    {"bal", "BALTIC-CONTEST", "BALTIC-CONTEST", "BALTIC-CONTEST", "BALTIC-CONTEST", RE, true, true},
-    {"cqm", "CQ-M", "CQ-M", "CQ-M", "CQ-M", RE, true, true},
-    {"cq160", "CQ-160-CW", "CQ-160-SSB", "CQ-160-CW", "CQ-160-SSB", RE, false, false},
-    {"cro", "9A-DX", "9A-DX", "9A-DX", "9A-DX", RE, true, true},
-    {"cqww", "CQ-WW-CW", "CQ-WW-SSB", "CQ-WW-CW", "CQ-WW-SSB", RE, false, false},
-    {"ea", "EA-DX", "EA-DX", "EA-DX", "EA-DX", RE, true, true},
-    {"ES", "ES-OPEN", "ES-OPEN", "ES-OPEN", "ES-OPEN", RE, true, true},
-    {"euhf", "EUHFC", "EUHFC", "EU-HF", "EU-HF", RE, false, false},
-    {"fd", "IARU-FIELD-DAY", "IARU-FIELD-DAY", "IARU-FIELD-DAY", "IARU-FIELD-DAY", RE, true, true},
-    {"HA", "HA-DX", "HA-DX", "HA-DX", "HA-DX", RE, true, true},
-    {"hol", "WWHC", "WWHC", "HOLYLAND", "HOLYLAND", RE, true, true},
-    {"hel", "HELVETIA", "HELVETIA", "HELVETIA", "HELVETIA", RE, true, true},
-    {"iaru", "IARU-HF", "IARU-HF", "IARU-HF", "IARU-HF", RE, false, false},
-    {"jid", "JIDX-CW", "JIDX-SSB", "JIDX-CW", "JIDX-SSB", RE, false, false},
-    {"kcj", "KCJ", "KCJ", "KCJ", "KCJ", RE, false, false},
-    {"lzd", "LZ-DX", "LZ-DX", "LZ DX", "LZ DX", RE, false, false},
-    {"lzo", "LZ-OPEN", "LZ-OPEN", "LZ-OPEN", "LZ-OPEN", SE, true, true},
-    {"marc", "MMC-HF-CW", "MMC-HF-CW", "MMC-HF-CW", "MMC-HF-CW", RE, true, true},
-    {"ok", "OK-OM-DX", "OK-OM-DX", "OK-OM-DX", "OK-OM-DX", RE, true, true},
-    {"pacc", "PACC", "PACC", "PACC", "PACC", RE, true, true},
-    {"raem", "RAEM", "RAEM", "RAEM", "RAEM", SE, true, true},
-    {"ref", "REF-CW", "REF-SSB", "REF-CW", "REF-SSB", RE, true, true},
-    {"rsgb", "RSGB-160", "RSGB-160", "RSGB-160", "RSGB-160", RE, true, true},
-    {"rudx", "RDXC", "RDXC", "RDXC", "RDXC", RE, false, true},
-    {"sac", "SAC-CW", "SAC-SSB", "SAC-CW", "SAC-SSB", RE, true, true},
-    {"sp", "SPDX", "SPDX", "SPDXContest", "SPDXContest", RE, true, true},
-    {"toec", "TOEC", "TOEC", "TOEC", "TOEC", RE, false, false},
-    {"tops", "TOPS", "TOPS", "TOPS", "TOPS", RE, true, true},
-    {"uba", "UBA-DX-CW", "UBA-DX-SSB", "UBA-DX-CW", "UBA-DX-SSB", RE, true, true},
-    {"iota", "RSGB-IOTA", "RSGB-IOTA", "RSGB-IOTA", "RSGB-IOTA", RE, true, true},
-    {"ukr", "UKRAINIAN-DX", "UKRAINIAN-DX", "UKRAINIAN DX", "UKRAINIAN DX", RE, true, true},
-    {"wae", "DARC-WAEDC-CW", "DARC-WAEDC-SSB", "DARC-WAEDC-CW", "DARC-WAEDC-SSB", RE, true, true},
-    {"wag", "WAG", "WAG", "DARC-WAG", "DARC-WAG", RE, true, true},
-    {"wpx", "CQ-WPX-CW", "CQ-WPX-SSB", "CQ-WPX-CW", "CQ-WPX-SSB", RE, true, true},
-    {"wwg", "TOEC", "TOEC", "TOEC", "TOEC", RE, false, false},
-    {"vkzl", "OCEANIA-DX-CW", "OCEANIA-DX-SSB", "OCEANIA-DX-CW", "OCEANIA-DX-SSB", RE, true, true},
-    {"yo", "YO-DX-HF", "YO-DX-HF", "YOHFDX", "YOHFDX", RE, false, true},
-    {"yu", "YUDX", "YUDX", "YUDXC", "YUDXC", RE, false, false},
+    {"chemp", "RUS-CHAMP", "RUS-CHAMP", "RUS-CHAMP", "RUS-CHAMP", ES, true},
+    {"aa", "AADX-CW", "AADX-SSB", "ALL-ASIAN-DX-CW", "ALL-ASIAN-DX-PHONE", RE, false},
+    {"agcw", "AGCW-HNY", "AGCW-HNY", "AGCW-HNY", "AGCW-HNY", RE, true},
+    {"ari", "ARI-DX", "ARI-DX", "ARI-DX", "ARI-DX", RE, true},
+    {"arrl10", "ARRL-10", "ARRL-10", "ARRL-10", "ARRL-10", RE, true},
+    {"bal", "BALTIC-CONTEST", "BALTIC-CONTEST", "BALTIC-CONTEST", "BALTIC-CONTEST", RE, true},
+    {"cqm", "CQ-M", "CQ-M", "CQ-M", "CQ-M", RE, true},
+    {"cq160", "CQ-160-CW", "CQ-160-SSB", "CQ-160-CW", "CQ-160-SSB", RE, false},
+    {"cro", "9A-DX", "9A-DX", "9A-DX", "9A-DX", RE, true},
+    {"cqww", "CQ-WW-CW", "CQ-WW-SSB", "CQ-WW-CW", "CQ-WW-SSB", RE, false},
+    {"ea", "EA-DX", "EA-DX", "EA-DX", "EA-DX", RE, true},
+    {"ES", "ES-OPEN", "ES-OPEN", "ES-OPEN", "ES-OPEN", RE, true},
+    {"euhf", "EUHFC", "EUHFC", "EU-HF", "EU-HF", RE, false},
+    {"fd", "IARU-FIELD-DAY", "IARU-FIELD-DAY", "IARU-FIELD-DAY", "IARU-FIELD-DAY", RE, true},
+    {"HA", "HA-DX", "HA-DX", "HA-DX", "HA-DX", RE, true},
+    {"hol", "WWHC", "WWHC", "HOLYLAND", "HOLYLAND", RE, true},
+    {"hel", "HELVETIA", "HELVETIA", "HELVETIA", "HELVETIA", RE, true},
+    {"iaru", "IARU-HF", "IARU-HF", "IARU-HF", "IARU-HF", RE, false},
+    {"jid", "JIDX-CW", "JIDX-SSB", "JIDX-CW", "JIDX-SSB", RE, false},
+    {"kcj", "KCJ", "KCJ", "KCJ", "KCJ", RE, false},
+    {"lzd", "LZ-DX", "LZ-DX", "LZ DX", "LZ DX", RE, false},
+    {"lzo", "LZ-OPEN", "LZ-OPEN", "LZ-OPEN", "LZ-OPEN", SE, true},
+    {"marc", "MMC-HF-CW", "MMC-HF-CW", "MMC-HF-CW", "MMC-HF-CW", RE, true},
+    {"ok", "OK-OM-DX", "OK-OM-DX", "OK-OM-DX", "OK-OM-DX", RE, true},
+    {"pacc", "PACC", "PACC", "PACC", "PACC", RE, true},
+    {"raem", "RAEM", "RAEM", "RAEM", "RAEM", SE, true},
+    {"ref", "REF-CW", "REF-SSB", "REF-CW", "REF-SSB", RE, true},
+    {"rsgb", "RSGB-160", "RSGB-160", "RSGB-160", "RSGB-160", RE, true},
+    {"rudx", "RDXC", "RDXC", "RDXC", "RDXC", RE, true},
+    {"sac", "SAC-CW", "SAC-SSB", "SAC-CW", "SAC-SSB", RE, true},
+    {"sp", "SPDX", "SPDX", "SPDXContest", "SPDXContest", RE, true},
+    {"toec", "TOEC", "TOEC", "TOEC", "TOEC", RE, false},
+    {"tops", "TOPS", "TOPS", "TOPS", "TOPS", RE, true},
+    {"uba", "UBA-DX-CW", "UBA-DX-SSB", "UBA-DX-CW", "UBA-DX-SSB", RE, true},
+    {"iota", "RSGB-IOTA", "RSGB-IOTA", "RSGB-IOTA", "RSGB-IOTA", RE, true},
+    {"ukr", "UKRAINIAN-DX", "UKRAINIAN-DX", "UKRAINIAN DX", "UKRAINIAN DX", RE, true},
+    {"wae", "DARC-WAEDC-CW", "DARC-WAEDC-SSB", "DARC-WAEDC-CW", "DARC-WAEDC-SSB", RE, true},
+    {"wag", "WAG", "WAG", "DARC-WAG", "DARC-WAG", RE, true},
+    {"wpx", "CQ-WPX-CW", "CQ-WPX-SSB", "CQ-WPX-CW", "CQ-WPX-SSB", RE, true},
+    {"wwg", "TOEC", "TOEC", "TOEC", "TOEC", RE, false},
+    {"vkzl", "OCEANIA-DX-CW", "OCEANIA-DX-SSB", "OCEANIA-DX-CW", "OCEANIA-DX-SSB", RE, true},
+    {"yo", "YO-DX-HF", "YO-DX-HF", "YOHFDX", "YOHFDX", RE, true},
+    {"yu", "YUDX", "YUDX", "YUDXC", "YUDXC", RE, false},
 };
 
 } // namespace
@@ -68,6 +69,11 @@ QStringList standardContestCodes() {
     QStringList codes;
     for (const StandardContest& c : kContests) codes << QLatin1String(c.code);
     return codes;
+}
+
+bool sendsSerial(const QString& contestcode) {
+    const contests::Switches* s = contests::switchesFor(contestcode);
+    return !s || s->fixexch != 1;
 }
 
 QString cabrilloContestName(const QString& contestcode, QsoMode mode) {

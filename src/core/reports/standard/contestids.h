@@ -25,15 +25,18 @@ struct StandardContest {
     const char* adifCw;      // CONTEST_ID of a CW QSO
     const char* adifSsb;
     ExchangeLayout layout;
-    bool sentSerial; // the sent exchange holds a serial number (else a fixed exchange)
     bool rcvdSerial; // the received exchange may hold a serial number
 };
 
 // The entry of a contest code (case as the catalogue spells it), or nullptr.
 const StandardContest* standardContest(const QString& contestcode);
 
-// All 43 contest codes of the table, in catalogue order.
+// The contest codes of the table, in catalogue order.
 QStringList standardContestCodes();
+
+// True when the contest sends serial numbers, false when the own exchange is fixed (zone,
+// oblast, age, ...): the catalogue's fixexch switch. Unknown codes are taken to send serials.
+bool sendsSerial(const QString& contestcode);
 
 // Cabrillo CONTEST: name for a log in that mode; empty for a code outside the table.
 QString cabrilloContestName(const QString& contestcode, QsoMode mode);
