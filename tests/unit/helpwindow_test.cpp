@@ -58,7 +58,9 @@ TEST(Calendar, TwelveMonthsAndSeventySevenNodesWithExactTexts) {
     // The SSB-only flag agrees with the mode column of every line.
     for (int i = 1; i <= 77; ++i) {
         const CalendarNode* n = calendarNode(i);
-        if (*n->code) EXPECT_EQ(n->ssbOnly, QString::fromUtf8(n->text).endsWith(" SSB")) << i;
+        if (*n->code) {
+            EXPECT_EQ(n->ssbOnly, QString::fromUtf8(n->text).endsWith(" SSB")) << i;
+        }
     }
 }
 

@@ -33,6 +33,7 @@ const BoxRule* ruleOf(const QString& box) {
 } // namespace
 
 Dxcc1Form::Dxcc1Form(const Env& env, QObject* parent) : Form(QStringLiteral("dxcc1"), env, parent) {
+    windowTitle = QStringLiteral("DXCC");
     DBGrid1 = add("DBGrid1", K::Grid);
     lblserch = add("lblserch", K::Label, "Поиск");
     txtserch = add("txtserch", K::TextBox);

@@ -10,8 +10,6 @@ class Dxcc1Form : public Form {
   public:
     explicit Dxcc1Form(const Env& env, QObject* parent = nullptr);
 
-    QString caption = QStringLiteral("DXCC");
-
     // search grid and the two search boxes
     Control *DBGrid1, *lblserch, *txtserch, *txtserch1;
     // the entry frame

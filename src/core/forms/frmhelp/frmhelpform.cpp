@@ -8,10 +8,12 @@ using K = Control::Kind;
 
 FrmHelpForm::FrmHelpForm(const Env& env, QObject* parent)
     : Form(QStringLiteral("FRMHELP"), env, parent) {
+    windowTitle = QStringLiteral("Условия и результаты соревнований по р/связи на КВ");
     keyPreview = true; // Esc closes the window wherever the focus is
     kalendar = add("kalendar", K::Frame);
     kalendar->setVisible(false); // shown when no contest is chosen, or from the menu
     tvwDb = add("tvwDb", K::Tree);
+    tvwDb->setExtra("frame", "kalendar"); // the tree sits in the calendar frame
     lblhelp = add("lblhelp", K::Label, "Положение");
     Text1 = add("Text1", K::TextBox);
     txtcontest = add("txtcontest", K::TextBox);

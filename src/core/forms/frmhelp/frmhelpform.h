@@ -12,8 +12,6 @@ class FrmHelpForm : public Form {
   public:
     explicit FrmHelpForm(const Env& env, QObject* parent = nullptr);
 
-    QString caption = QStringLiteral("Условия и результаты соревнований по р/связи на КВ");
-
     // calendar
     Control *kalendar, *tvwDb;
     // rules

@@ -13,6 +13,7 @@ constexpr int kSearchLength = 5;
 }
 
 RusdxForm::RusdxForm(const Env& env, QObject* parent) : Form(QStringLiteral("rusdx"), env, parent) {
+    windowTitle = QStringLiteral("Районы России");
     lblserch = add("lblserch", K::Label, "Поиск");
     txtserch = add("txtserch", K::TextBox);
     txtserch->setMaxLength(kSearchLength);

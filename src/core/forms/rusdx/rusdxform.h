@@ -10,8 +10,6 @@ class RusdxForm : public Form {
   public:
     explicit RusdxForm(const Env& env, QObject* parent = nullptr);
 
-    QString caption = QStringLiteral("Районы России");
-
     Control *lblserch, *txtserch, *DBGrid1, *Command1;
     QString chars; // allowed characters of the search box
 
