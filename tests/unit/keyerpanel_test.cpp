@@ -59,22 +59,22 @@ TEST_F(KeyerPanelTest, KeyFactorScalesOnlyItsOwnMessage) {
     key(F2);
     EXPECT_EQ(form->cwunit, 150000) << "restored as soon as the message is queued";
     const std::vector<KeyEvent> test = {
-        ev(0, "PortOpen", true),          ev(0, "RTSEnable", true),
-        ev(0, "DTREnable", true),         ev(225000, "DTREnable", false),  // T
-        ev(450000, "DTREnable", true),    ev(525000, "DTREnable", false),  // E
-        ev(750000, "DTREnable", true),    ev(825000, "DTREnable", false),  // S
-        ev(900000, "DTREnable", true),    ev(975000, "DTREnable", false),  //
-        ev(1050000, "DTREnable", true),   ev(1125000, "DTREnable", false), //
-        ev(1350000, "DTREnable", true),   ev(1575000, "DTREnable", false), // T
-        ev(2250000, "RTSEnable", false),  ev(2250000, "PortOpen", false)};
+        ev(0, "PortOpen", true),         ev(0, "RTSEnable", true),
+        ev(0, "DTREnable", true),        ev(225000, "DTREnable", false),  // T
+        ev(450000, "DTREnable", true),   ev(525000, "DTREnable", false),  // E
+        ev(750000, "DTREnable", true),   ev(825000, "DTREnable", false),  // S
+        ev(900000, "DTREnable", true),   ev(975000, "DTREnable", false),  //
+        ev(1050000, "DTREnable", true),  ev(1125000, "DTREnable", false), //
+        ev(1350000, "DTREnable", true),  ev(1575000, "DTREnable", false), // T
+        ev(2250000, "RTSEnable", false), ev(2250000, "PortOpen", false)};
     EXPECT_EQ(sent(), test);
     EXPECT_EQ(form->cwtext, "TEST");
 
     // F3 (factor 1) right after: the bar's unit again.
     form->TXTNCALL->setText("E");
     key(F3);
-    const std::vector<KeyEvent> e = {ev(0, "PortOpen", true),       ev(0, "RTSEnable", true),
-                                     ev(0, "DTREnable", true),      ev(150000, "DTREnable", false),
+    const std::vector<KeyEvent> e = {ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
+                                     ev(0, "DTREnable", true),       ev(150000, "DTREnable", false),
                                      ev(900000, "RTSEnable", false), ev(900000, "PortOpen", false)};
     EXPECT_EQ(sent(), e);
 }
@@ -138,9 +138,9 @@ TEST_F(KeyerPanelTest, EscStopsTheMessageAndDropsTheQueue) {
     ASSERT_TRUE(port.waitUntilHeld(5000));
     key(Esc);
     const std::vector<KeyEvent> expected = {
-        ev(0, "PortOpen", true),         ev(0, "RTSEnable", true),
-        ev(0, "DTREnable", true),        ev(100000, "DTREnable", false),
-        ev(100000, "RTSEnable", false),  ev(100000, "PortOpen", false)};
+        ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
+        ev(0, "DTREnable", true),       ev(100000, "DTREnable", false),
+        ev(100000, "RTSEnable", false), ev(100000, "PortOpen", false)};
     EXPECT_EQ(sent(), expected);
     EXPECT_EQ(form->cwunit, 150000);
     // Esc with nothing being sent does nothing to the port.

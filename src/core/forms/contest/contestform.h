@@ -197,7 +197,7 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer(); // nullptr until the first message
+    Keyer* keyer();   // nullptr until the first message
     int commport = 1; // the panel's COM choice, 1..4
     // rig.cpp
     void mnuCAT_Click();

@@ -82,9 +82,15 @@ void ContestForm::Form_KeyDown(Event& e) {
         cwfactor = *factor;
         cwunit = cwunit * cwfactor;
         switch (e.keyCode) {
-        case 113: cwtext = lbltest->text(); break;
-        case 114: cwtext = TXTNCALL->text(); break;
-        case 115: cwtext = txtf4->text(); break;
+        case 113:
+            cwtext = lbltest->text();
+            break;
+        case 114:
+            cwtext = TXTNCALL->text();
+            break;
+        case 115:
+            cwtext = txtf4->text();
+            break;
         case 116:
             cutnumber = cutZeros(txtrsts->text(), nulchar);
             if (lblrsts->text() == QStringLiteral("599")) {
@@ -94,10 +100,18 @@ void ContestForm::Form_KeyDown(Event& e) {
                 cwtext = cutrst + QLatin1Char(' ') + cutnumber;
             }
             break;
-        case 117: cwtext = txtcall->text(); break;
-        case 118: cwtext = txtf7->text(); break;
-        case 119: cwtext = txtf8->text(); break;
-        case 120: cwtext = txtf9->text(); break;
+        case 117:
+            cwtext = txtcall->text();
+            break;
+        case 118:
+            cwtext = txtf7->text();
+            break;
+        case 119:
+            cwtext = txtf8->text();
+            break;
+        case 120:
+            cwtext = txtf9->text();
+            break;
         }
         cwsend();
     }
@@ -152,8 +166,9 @@ void ContestForm::showPorts() {
     const QStringList devices = serial->devices();
     QStringList parts;
     for (int i = 0; i < 4; ++i)
-        parts << QStringLiteral("COM%1 %2").arg(i + 1).arg(
-                     i < devices.size() ? devices[i] : QStringLiteral("нет"));
+        parts << QStringLiteral("COM%1 %2")
+                     .arg(i + 1)
+                     .arg(i < devices.size() ? devices[i] : QStringLiteral("нет"));
     lblports->setText(parts.join(QStringLiteral("   ")));
 }
 
@@ -181,8 +196,10 @@ Keyer* ContestForm::ensureKeyer() {
     keyer_ = new Keyer(std::shared_ptr<KeyPort>(env().port, [](KeyPort*) {}));
     keyer_->setCommPort(commport);
     // Runs on the keyer's thread: the message box belongs to the window's thread.
-    keyer_->setPortErrorHandler(
-        [this] { QMetaObject::invokeMethod(this, [this] { portBusy(); }, Qt::QueuedConnection); });
+    keyer_->setPortErrorHandler([this] {
+        QMetaObject::invokeMethod(
+            this, [this] { portBusy(); }, Qt::QueuedConnection);
+    });
     return keyer_;
 }
 
