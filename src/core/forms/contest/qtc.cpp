@@ -86,22 +86,19 @@ void ContestForm::cmbqtc1_Click() {
 }
 
 void ContestForm::mnuQTC_Click() {
+    // QTC rows are kept nowhere else: back them up unless a clearing just did.
+    if (!logBackedUp_ && logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1")) &&
+        !backupLog())
+        return;
     logDb().exec(QStringLiteral("DELETE FROM tbllogTemp"));
 }
 
 void ContestForm::qtcfill() {
-    Db& db = logDb();
-    // One transaction: a failed copy must not leave the working table empty.
-    db.begin();
-    try {
-        mnuQTC_Click();
-        db.run(QStringLiteral("INSERT INTO tbllogTemp SELECT * FROM tbllog WHERE ps2 = ?1"),
-               {contestcode});
-        db.commit();
-    } catch (...) {
-        db.rollback();
-        throw;
-    }
+    mnuQTC_Click();
+    // Not emptied (its backup failed and was reported): adding the copy would mix the two.
+    if (logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1"))) return;
+    logDb().run(QStringLiteral("INSERT INTO tbllogTemp SELECT * FROM tbllog WHERE ps2 = ?1"),
+                {contestcode});
     qtcrefresh();
 }
 
