@@ -285,7 +285,14 @@ bool ScriptRunner::runLine(const QString& rawLine) {
 int ScriptRunner::runScript(const QString& text) {
     const QStringList lines = text.split('\n');
     for (const QString& l : lines) {
-        QCoreApplication::processEvents();
+        try {
+            // A queued notice (a busy key port) may show a dialog that has no answer queued.
+            QCoreApplication::processEvents();
+        } catch (const ScriptAbort& e) {
+            d->err << QString::fromUtf8(e.what()) << "\n";
+            d->out.flush();
+            return 2;
+        }
         if (!runLine(l)) {
             d->out.flush();
             return 2;

@@ -199,9 +199,11 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();
+    Keyer* keyer();   // nullptr until the first message
+    int commport = 1; // the panel's COM choice, 1..4
     // rig.cpp
     void mnuCAT_Click();
+    void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
     // qtc.cpp
     void txtqtcnr_KeyPress(Event& e);
     void txtqtc_KeyPress(Event& e);
@@ -211,6 +213,7 @@ class ContestForm : public Form {
     void qtcfill();
     void qtcreset();
     void qtcrefresh();
+    void openQtc(); // F1 in the WAE contest
     // maintenance.cpp
     void cmbvur_Click();
     void mnudelet_Click();
@@ -252,6 +255,10 @@ class ContestForm : public Form {
     void registerWindows();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
+    Keyer* ensureKeyer();
+    void showKeyerSpeed();
+    void showPorts();
+    void portBusy();
     QHash<QString, Form*> subForms_;
 };
 
