@@ -1,11 +1,31 @@
 #include "forms/contest/contestform.h"
 
+#include "data/databases.h"
+#include "forms/otchet/otchetform.h"
+
 namespace hfc {
 
-void ContestForm::registerWindows() {}
+void ContestForm::registerWindows() {
+    proc("cmbotchet_Click", [this] { cmbotchet_Click(); });
+}
 
 void ContestForm::mnupol_Click() {}
-void ContestForm::cmbotchet_Click() {}
+
+// The report window prints the contest title kept with the station data, so the current title
+// is stored before the window opens.
+void ContestForm::cmbotchet_Click() {
+    tcont->setText(LBLCONTEST->text());
+    logDb().run(QStringLiteral("UPDATE tbltit SET contest = ?1"), {tcont->text()});
+    Form* f = subForms_.value(QStringLiteral("otchet"));
+    if (!f) {
+        f = new OtchetForm(
+            env(), [this] { return contestcode; }, this);
+        subForms_.insert(QStringLiteral("otchet"), f);
+    }
+    emit formOpened(f);
+    f->show();
+}
+
 void ContestForm::mnudxcc_Click() {}
 void ContestForm::mnurusdx_Click() {}
 
