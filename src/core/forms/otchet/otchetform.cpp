@@ -19,7 +19,7 @@ const char* const kSuffix[OtchetForm::BandRows] = {"160", "80", "40", "20", "15"
 
 } // namespace
 
-OtchetForm::OtchetForm(Env env, std::function<QString()> currentContest, QObject* parent)
+OtchetForm::OtchetForm(const Env& env, std::function<QString()> currentContest, QObject* parent)
     : Form(QStringLiteral("otchet"), env, parent), currentContest_(std::move(currentContest)) {
     createControls();
     registerHandlers();

@@ -18,7 +18,7 @@ class OtchetForm : public Form {
     Q_OBJECT
   public:
     // currentContest gives the main window's contest code at the moment of activation.
-    OtchetForm(Env env, std::function<QString()> currentContest, QObject* parent = nullptr);
+    OtchetForm(const Env& env, std::function<QString()> currentContest, QObject* parent = nullptr);
     ~OtchetForm() override;
 
     static constexpr int BandRows = 7; // 1,8 3,5 7 14 21 28 sat
