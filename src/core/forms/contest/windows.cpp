@@ -15,7 +15,11 @@ void ContestForm::mnupol_Click() {}
 // is stored before the window opens.
 void ContestForm::cmbotchet_Click() {
     tcont->setText(LBLCONTEST->text());
-    logDb().run(QStringLiteral("UPDATE tbltit SET contest = ?1"), {tcont->text()});
+    try {
+        logDb().run(QStringLiteral("UPDATE tbltit SET contest = ?1"), {tcont->text()});
+    } catch (const DbError&) {
+        // The window still opens; its own title box can be filled in by hand.
+    }
     Form* f = subForms_.value(QStringLiteral("otchet"));
     if (!f) {
         f = new OtchetForm(
