@@ -38,8 +38,10 @@ AutoView::AutoView(Form* form, QWidget* parent)
         }
         ++row;
     }
-    if (anyMenu) v->setMenuBar(menus);
-    else delete menus;
+    if (anyMenu)
+        v->setMenuBar(menus);
+    else
+        delete menus;
     v->addLayout(grid);
     connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
     resize(700, 600);

@@ -136,6 +136,8 @@ class ContestForm : public Form {
     // selection.cpp
     void selectContest(const QString& menuItem);
     void clearmwid();
+    // The 43 contest menu items in menu order; each has extra("parent"): "cmbadd1" or "mnudal".
+    std::vector<Control*> contestMenu;
     // recount.cpp
     void nextserial();
     void recount();
@@ -215,6 +217,10 @@ class ContestForm : public Form {
     void mnuwindos_Click();
     void perewod();
     void ANSI2OEM();
+    bool transferLog();        // false, after a message, when the station log cannot take the rows
+    bool clearLog();           // mnudelet_Click's work; false when no backup could be made
+    bool backupLog();          // a dated copy of dbcontest before log rows are deleted
+    bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
     // windows.cpp
     void mnupol_Click();
     void cmbotchet_Click();
