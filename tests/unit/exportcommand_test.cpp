@@ -37,7 +37,7 @@ TEST_F(ExportTest, WritesWhatTheWindowsButtonWrites) {
     fillLog();
     QTemporaryDir byWindow, byCommand;
     form->contestcode = "chemp";
-    form->LBLCONTEST->setText("Чемпионат");
+    form->LBLCONTEST->setText("Чемпионат России");
     form->cmbotchet_Click();
     auto* w = static_cast<OtchetForm*>(form->subForm("otchet"));
     w->txtput->setText(byWindow.path());
@@ -62,11 +62,14 @@ TEST_F(ExportTest, WritesWhatTheWindowsButtonWrites) {
         EXPECT_EQ(outText, QString::fromUtf8("Файл записан: ") + written + "\n");
         EXPECT_EQ(readAll(written), readAll(byWindow.path() + "/" + c.file));
     }
-    // The code decides the heading of the listing.
+    // Without --contest the code is that of the title the station data keeps; it decides the
+    // heading of the listing.
+    const QString listing = byCommand.path() + "/UA3ABC.LOG";
     ASSERT_EQ(run({"export", "log", "--data-dir", dir.path(), "--to", byCommand.path()}), 0);
-    EXPECT_TRUE(readAll(byCommand.path() + "/UA3ABC.LOG")
-                    .startsWith("   DATE    UTC  MHZ  CALL  "
-                                "       RST SEND"));
+    EXPECT_EQ(readAll(listing), readAll(byWindow.path() + "/UA3ABC.LOG"));
+    db.contest.run("UPDATE tbltit SET contest = 'Чемпионат'");
+    ASSERT_EQ(run({"export", "log", "--data-dir", dir.path(), "--to", byCommand.path()}), 0);
+    EXPECT_TRUE(readAll(listing).startsWith("   DATE    UTC  MHZ  CALL         RST SEND"));
 }
 
 TEST_F(ExportTest, RefusesWithARussianMessageAndAnExitCode) {

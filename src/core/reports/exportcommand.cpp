@@ -1,5 +1,6 @@
 #include "reports/exportcommand.h"
 
+#include "contests/catalogue.h"
 #include "data/databases.h"
 #include "forms/otchet/otchetform.h"
 
@@ -13,9 +14,18 @@ const char* const kUsage =
     "Использование: hfcontest export [--data-dir ПАПКА_ДАННЫХ] --to ПАПКА [--contest КОД] "
     "cabrillo|adif|log|sum";
 
-// The contest code when none is given: the one a log has before any contest is chosen. It
-// matters only for the heading of the .LOG listing and the score rule.
-const char* const kNoContest = "hi hi";
+// The code of the contest whose title the station data keeps (the report window stores the
+// title when it opens), else the code a log has before any contest is chosen. It matters only
+// for the heading of the .LOG listing and the score rule.
+QString storedContestCode(Db& contest) {
+    try {
+        const QString title = contest.scalar(QStringLiteral("SELECT contest FROM tbltit LIMIT 1"));
+        for (const contests::Contest& c : contests::catalogue())
+            if (title == QString::fromUtf8(c.title)) return QString::fromUtf8(c.code);
+    } catch (const DbError&) {
+    }
+    return QStringLiteral("hi hi");
+}
 
 int usage(QTextStream& err, const QString& why) {
     if (!why.isEmpty()) err << why << "\n";
@@ -30,7 +40,7 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
     if (!args.isEmpty() && args.front() == QLatin1String("export")) args.removeFirst();
 
     QString dataDir, folder, kind;
-    QString contest = QString::fromUtf8(kNoContest);
+    QString contest;
     for (int i = 0; i < args.size(); ++i) {
         const QString& a = args[i];
         const bool hasValue = i + 1 < args.size();
@@ -85,6 +95,7 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
         err << error << "\n";
         return 1;
     }
+    if (contest.isEmpty()) contest = storedContestCode(db.contest);
     Env env;
     env.db = &db;
     OtchetForm form(env, [contest] { return contest; });
