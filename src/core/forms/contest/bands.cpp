@@ -27,6 +27,7 @@ void ContestForm::registerBands() {
     on("cmbband_GotFocus", [this](Event& e) { cmbband_GotFocus(e.index); }, {"Index"});
     on("cmbband_KeyPress", [this](Event& e) { cmbband_KeyPress(e); }, {"Index", "KeyAscii"});
     on("cmbband_KeyDown", [this](Event& e) { cmbband_KeyDown(e); }, {"Index", "KeyCode", "Shift"});
+    on("cmbband_KeyUp", [this](Event& e) { cmbband_KeyUp(e); }, {"Index", "KeyCode", "Shift"});
     proc("cmbmod_Click", [this] { cmbmod_Click(); });
     on("cmbmod_KeyPress", [this](Event& e) { cmbmod_KeyPress(e); }, {"KeyAscii"});
     proc("cmbwsego_Click", [this] { cmbwsego_Click(); });
@@ -82,16 +83,19 @@ void ContestForm::cmbband_KeyPress(Event& e) {
 
 void ContestForm::cmbband_KeyDown(Event& e) {
     if (e.index < 0 || e.index > 6) return;
-    // Left and Right walk along the band row, choosing as they go; Down returns to the call.
+    // Left and Right walk along the band row, choosing as they go.
     int to = -1;
     if (e.keyCode == keys::Left) to = (e.index + 6) % 7;
     if (e.keyCode == keys::Right) to = (e.index + 1) % 7;
     if (to >= 0) {
         setFocus(cmbband[to]);
         click(cmbband[to]);
-    } else if (e.keyCode == keys::Down) {
-        setFocus(txtcall);
     }
+}
+
+void ContestForm::cmbband_KeyUp(Event& e) {
+    // On the key's release, so that the callsign box does not see the same Down arrow.
+    if (e.keyCode == keys::Down) setFocus(txtcall);
 }
 
 void ContestForm::cmbmod_Click() {

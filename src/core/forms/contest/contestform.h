@@ -199,6 +199,7 @@ class ContestForm : public Form {
     void cmbband_GotFocus(int index);
     void cmbband_KeyPress(Event& e);
     void cmbband_KeyDown(Event& e);
+    void cmbband_KeyUp(Event& e);
     void cmbmod_KeyPress(Event& e);
     void cmbmod_Click();
     void cmbwsego_Click();
