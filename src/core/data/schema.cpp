@@ -20,7 +20,10 @@ const std::vector<DbFileDef>& databaseFiles() {
            {"CREATE INDEX IF NOT EXISTS ix_log_contest_band_call ON tbllog(ps2, bband, ccall)",
             "CREATE INDEX IF NOT EXISTS ix_log_contest_call ON tbllog(ps2, ccall)",
             "CREATE INDEX IF NOT EXISTS ix_log_contest_mult ON tbllog(ps2, mult)",
-            "CREATE INDEX IF NOT EXISTS ix_log_contest_ps ON tbllog(ps2, ps)"}},
+            "CREATE INDEX IF NOT EXISTS ix_log_contest_ps ON tbllog(ps2, ps)",
+            // the band recount counts distinct multipliers per band from these alone
+            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_mult ON tbllog(ps2, bband, mult)",
+            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_ps ON tbllog(ps2, bband, ps)"}},
           {"tbllogTemp", logColumns(), {}},
           {"tbltit",
            {"contest", "ccall", "podgrup", "nname", "ADRESSTRIT", "adregor", "adresstran"},

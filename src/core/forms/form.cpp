@@ -2,7 +2,7 @@
 
 namespace hfc {
 
-Form::Form(const QString& name, Env env, QObject* parent)
+Form::Form(const QString& name, const Env& env, QObject* parent)
     : QObject(parent), name_(name), env_(env) {}
 
 Form::~Form() = default;

@@ -33,7 +33,7 @@ constexpr int Backspace = 8, Tab = 9, Enter = 13, Esc = 27, Left = 37, Up = 38, 
 class Form : public QObject {
     Q_OBJECT
   public:
-    Form(const QString& name, Env env, QObject* parent = nullptr);
+    Form(const QString& name, const Env& env, QObject* parent = nullptr);
     ~Form() override;
 
     const QString& name() const { return name_; }

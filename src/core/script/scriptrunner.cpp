@@ -3,8 +3,11 @@
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "keyer/keyer.h"
+#include "keyer/keyport.h"
 #include "script/scriptedui.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace hfc {
@@ -15,7 +18,14 @@ struct ScriptRunner::Impl {
     Databases db;
     ScriptedUi ui;
     FixedClock clock;
+    RecordingKeyPort port;
     std::unique_ptr<ContestForm> form;
+
+    // Lets the keyer's queued notices (a busy port) reach the window before the next line.
+    void settle() {
+        if (Keyer* k = form->keyer()) k->waitIdle();
+        QCoreApplication::processEvents();
+    }
 
     Impl(QTextStream& o, QTextStream& e) : out(o), err(e) {}
 
@@ -56,6 +66,7 @@ bool ScriptRunner::start(const QString& dataDir) {
     env.db = &d->db;
     env.ui = &d->ui;
     env.clock = &d->clock;
+    env.port = &d->port;
     d->form = std::make_unique<ContestForm>(env);
     d->form->Form_Load();
     return true;
@@ -162,6 +173,18 @@ bool ScriptRunner::runLine(const QString& rawLine) {
                 d->ui.queueInput(text);
         } else if (cmd == "file") {
             d->ui.queueFile(w.size() == 1 ? QString() : restAfter(line, 1));
+        } else if (cmd == "port") {
+            if (w.size() != 2 || w[1] != "busy") return bad("port busy");
+            d->port.setBusy(true);
+        } else if (cmd == "wait") {
+            d->settle();
+        } else if (cmd == "events") {
+            d->settle();
+            const auto events = d->port.takeEvents();
+            const qint64 t0 = events.empty() ? 0 : events.front().time;
+            for (const KeyEvent& e : events)
+                d->out << (e.time - t0) << '\t' << e.name << '\t' << (e.value ? "true" : "false")
+                       << "\n";
         } else if (cmd == "call") {
             if (w.size() < 2) return bad("call needs a name");
             Impl::Target t;
@@ -233,6 +256,7 @@ bool ScriptRunner::runLine(const QString& rawLine) {
                 d->out << cells.join('\t') << "\n";
             }
         } else if (cmd == "dialogs") {
+            d->settle();
             for (const QString& s : d->ui.takeShown()) {
                 QStringList parts = s.split('\t');
                 for (QString& p : parts) p = escape(p);
@@ -254,6 +278,7 @@ bool ScriptRunner::runLine(const QString& rawLine) {
 int ScriptRunner::runScript(const QString& text) {
     const QStringList lines = text.split('\n');
     for (const QString& l : lines) {
+        QCoreApplication::processEvents();
         if (!runLine(l)) {
             d->out.flush();
             return 2;

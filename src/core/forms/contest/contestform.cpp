@@ -7,7 +7,7 @@ namespace hfc {
 
 using K = Control::Kind;
 
-ContestForm::ContestForm(Env env, QObject* parent) : Form(QStringLiteral("CONTEST"), env, parent) {
+ContestForm::ContestForm(const Env& env, QObject* parent) : Form(QStringLiteral("CONTEST"), env, parent) {
     keyPreview = true; // function keys work wherever the focus is
     createControls();
     registerWindow();
@@ -30,6 +30,17 @@ ContestForm::ContestForm(Env env, QObject* parent) : Form(QStringLiteral("CONTES
 
 Db& ContestForm::logDb() {
     return env().db->contest;
+}
+
+QStringList ContestForm::contestMenuItems() const {
+    static const QStringList service = {"cmbadd1", "mnudal",   "mnupol",   "cmbotchet", "cmbvur",
+                                        "mnudxcc", "mnuserw",  "mnumzone", "mnumdxcc",  "mnuawto",
+                                        "MNUCW",   "mnuCAT",   "mnuQTC",   "mnudelet",  "mnuwindos",
+                                        "mnurusdx", "mnuprow", "CMBEXIT"};
+    QStringList items;
+    for (const Control* c : controls())
+        if (c->kind() == Control::Kind::Menu && !service.contains(c->name())) items << c->name();
+    return items;
 }
 
 Form* ContestForm::subForm(const QString& name) {

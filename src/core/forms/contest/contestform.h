@@ -30,11 +30,14 @@ class Keyer;
 class ContestForm : public Form {
     Q_OBJECT
   public:
-    explicit ContestForm(Env env, QObject* parent = nullptr);
+    explicit ContestForm(const Env& env, QObject* parent = nullptr);
     ~ContestForm() override;
 
     Form* subForm(const QString& name) override;
     Db& logDb(); // dbcontest
+    // The contest menu items in menu order (the first 33 under "Соревнования", the rest under
+    // "Далее"), as the catalogue created them.
+    QStringList contestMenuItems() const;
 
     // ---------------------------------------------------------------- controls
     // entry line
@@ -133,6 +136,8 @@ class ContestForm : public Form {
     // selection.cpp
     void selectContest(const QString& menuItem);
     void clearmwid();
+    // The 43 contest menu items in menu order; each has extra("parent"): "cmbadd1" or "mnudal".
+    std::vector<Control*> contestMenu;
     // recount.cpp
     void nextserial();
     void recount();

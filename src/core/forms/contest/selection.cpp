@@ -1,10 +1,86 @@
+// Contest selection: one handler per menu item, all driven by the contest catalogue.
+#include "contests/catalogue.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
 
-void ContestForm::registerSelection() {}
+namespace {
+QString utf8(const char* s) {
+    return QString::fromUtf8(s);
+}
+} // namespace
 
-void ContestForm::selectContest(const QString&) {}
-void ContestForm::clearmwid() {}
+void ContestForm::registerSelection() {
+    // Menu items of the contests: the first ones straight in "Соревнования", the rest in its
+    // submenu "Далее".
+    mnudal->setExtra(QStringLiteral("parent"), QStringLiteral("cmbadd1"));
+    const auto all = contests::catalogue();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const QString item = QLatin1String(all[i].menuItem);
+        Control* m = add(item, Control::Kind::Menu, utf8(all[i].caption));
+        m->setExtra(QStringLiteral("parent"), contests::menuParent(int(i)));
+        contestMenu.push_back(m);
+        proc(item + QStringLiteral("_Click"), [this, item] { selectContest(item); });
+    }
+    proc("clearmwid", [this] { clearmwid(); });
+    var("mwidmode", mwidmode);
+    var("bandmult", bandmult);
+}
+
+void ContestForm::selectContest(const QString& menuItem) {
+    const contests::Contest* c = contests::byMenuItem(menuItem);
+    if (!c) return;
+    const QString code = QLatin1String(c->code);
+    contestcode = code;
+
+    if (const contests::Switches* s = contests::switchesFor(code)) {
+        dxccmult = s->dxccmult;
+        itufill = s->itufill;
+        cqfill = s->cqfill;
+        pfxmult = s->pfxmult;
+        exchmult = s->exchmult;
+        if (s->fixexch != contests::Unchanged) fixexch = s->fixexch;
+        exchsel1 = s->exchsel1;
+        exchsel2 = s->exchsel2;
+        exchsel3 = s->exchsel3;
+        exchsel4 = s->exchsel4;
+        int* types[4] = {&ctype1, &ctype2, &ctype3, &ctype4};
+        for (int t = 0; t < 4; ++t) *types[t] = (t + 1 == s->ctype) ? s->ctypeValue : 0;
+    }
+
+    // Asked before the restart: the serial box shows the fixed exchange at once.
+    if (c->prompt) myexch = inputbox(utf8(c->prompt), utf8(c->promptTitle));
+
+    if (contests::runsRestart(c->calls)) {
+        nextserial();
+        recount();
+    }
+
+    LBLCONTEST->setText(utf8(c->title));
+    for (const contests::Setting& s : contests::settingsFor(code)) {
+        Control* ctl = control(QLatin1String(s.control));
+        if (!ctl) continue;
+        if (s.prop == contests::Setting::Prop::Caption)
+            ctl->setText(utf8(s.value));
+        else
+            ctl->setVisible(QLatin1String(s.value) == QLatin1String("1"));
+    }
+
+    // A contest without a window leaves the window, its mode and its size as they were.
+    if (c->window != contests::WindowKind::None) {
+        mwidlast = c->boxes - 1;
+        mwidmode = contests::windowMode(c->window);
+        bandmult = c->bandmult;
+        if (contests::runsClear(c->calls)) clearmwid();
+        if (c->window != contests::WindowKind::Cleared)
+            for (int i = 0; i <= mwidlast; ++i) txtMwid[i]->setText(contests::windowBox(*c, i));
+    }
+
+    setFocus(QStringLiteral("cmbband"));
+}
+
+void ContestForm::clearmwid() {
+    for (int i = 0; i <= mwidlast && i < MwidBoxes; ++i) txtMwid[i]->setText(QString());
+}
 
 } // namespace hfc

@@ -1,0 +1,49 @@
+#include "autoview.h"
+
+#include "binder.h"
+#include "forms/form.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QVBoxLayout>
+
+namespace hfc {
+
+AutoView::AutoView(Form* form, QWidget* parent)
+    : QWidget(parent, Qt::Window), form_(form), binder_(new Binder(form, this)) {
+    setWindowTitle(form->name());
+    auto* v = new QVBoxLayout(this);
+    auto* menus = new QMenuBar(this);
+    bool anyMenu = false;
+    auto* grid = new QGridLayout;
+    int row = 0;
+    for (Control* c : form->controls()) {
+        if (c->kind() == Control::Kind::Menu) {
+            menus->addAction(binder_->makeAction(c->name(), this));
+            anyMenu = true;
+            continue;
+        }
+        if (c->kind() == Control::Kind::Timer || c->kind() == Control::Kind::Frame) continue;
+        QWidget* w = binder_->make(c);
+        if (!w) continue;
+        const bool wide = c->kind() == Control::Kind::Grid || c->kind() == Control::Kind::Tree ||
+                          c->kind() == Control::Kind::DirList || c->kind() == Control::Kind::List;
+        if (c->kind() == Control::Kind::TextBox || c->kind() == Control::Kind::Combo) {
+            grid->addWidget(new QLabel(c->name()), row, 0);
+            grid->addWidget(w, row, 1);
+        } else {
+            grid->addWidget(w, row, wide ? 0 : 1, 1, wide ? 2 : 1);
+        }
+        ++row;
+    }
+    if (anyMenu) v->setMenuBar(menus);
+    else delete menus;
+    v->addLayout(grid);
+    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
+    resize(700, 600);
+    setVisible(form->isShown());
+}
+
+} // namespace hfc

@@ -1,0 +1,304 @@
+#include "binder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFileSystemModel>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QTreeView>
+#include <QTreeWidget>
+
+namespace hfc {
+
+using K = Control::Kind;
+
+Binder::Binder(Form* form, QObject* parent) : QObject(parent), form_(form) {
+    connect(form, &Form::focusChanged, this, &Binder::onFocusChanged);
+}
+
+QWidget* Binder::widget(const QString& controlName) const {
+    return widgets_.value(form_->control(controlName), nullptr);
+}
+
+QWidget* Binder::make(const QString& controlName, QWidget* parent) {
+    Control* c = form_->control(controlName);
+    Q_ASSERT_X(c, "Binder::make", qPrintable(controlName));
+    return c ? make(c, parent) : nullptr;
+}
+
+QWidget* Binder::make(Control* c, QWidget* parent) {
+    QWidget* w = nullptr;
+    switch (c->kind()) {
+    case K::TextBox: {
+        auto* e = new QLineEdit(parent);
+        w = e;
+        break;
+    }
+    case K::Combo: {
+        auto* cb = new QComboBox(parent);
+        cb->setEditable(true);
+        connect(cb, &QComboBox::activated, this, [this, c, cb](int i) {
+            if (mirroring_) return;
+            c->setText(cb->itemText(i));
+            Event ev;
+            form_->fire(Form::baseName(c->name()) + QStringLiteral("_Click"), ev);
+        });
+        w = cb;
+        break;
+    }
+    case K::Label: {
+        auto* l = new QLabel(parent);
+        l->installEventFilter(this); // a click on a label is an event of the window
+        w = l;
+        break;
+    }
+    case K::Button:
+    case K::Option:
+    case K::CheckBox: {
+        auto* b = new QPushButton(parent);
+        b->setAutoDefault(false);
+        connect(b, &QPushButton::clicked, this, [this, c] {
+            if (!mirroring_) form_->click(c);
+        });
+        w = b;
+        break;
+    }
+    case K::Frame: {
+        auto* g = new QGroupBox(parent);
+        w = g;
+        break;
+    }
+    case K::List: {
+        auto* l = new QListWidget(parent);
+        connect(l, &QListWidget::itemClicked, this, [this, c](QListWidgetItem* it) {
+            c->setExtra(QStringLiteral("selected"), it->text());
+            Event ev;
+            form_->fire(Form::baseName(c->name()) + QStringLiteral("_Click"), ev);
+        });
+        w = l;
+        break;
+    }
+    case K::Grid: {
+        auto* t = new QTableWidget(parent);
+        t->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        t->setSelectionBehavior(QAbstractItemView::SelectRows);
+        t->verticalHeader()->setDefaultSectionSize(20);
+        t->horizontalHeader()->setHighlightSections(false);
+        w = t;
+        break;
+    }
+    case K::ScrollBar: {
+        auto* s = new QScrollBar(Qt::Horizontal, parent);
+        s->setRange(1, 100);
+        connect(s, &QScrollBar::valueChanged, this, [this, c](int v) {
+            if (mirroring_) return;
+            c->setValue(v);
+            form_->fire(Form::baseName(c->name()) + QStringLiteral("_Change"));
+        });
+        w = s;
+        break;
+    }
+    case K::Tree: {
+        auto* t = new QTreeWidget(parent);
+        t->setHeaderHidden(true);
+        w = t;
+        break;
+    }
+    case K::DirList: {
+        auto* v = new QTreeView(parent);
+        auto* m = new QFileSystemModel(v);
+        m->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+        m->setRootPath(QStringLiteral("/"));
+        v->setModel(m);
+        for (int col = 1; col < m->columnCount(); ++col) v->hideColumn(col);
+        v->setHeaderHidden(true);
+        connect(v, &QTreeView::clicked, this, [this, c, m](const QModelIndex& idx) {
+            c->setExtra(QStringLiteral("path"), m->filePath(idx));
+            Event ev;
+            form_->fire(Form::baseName(c->name()) + QStringLiteral("_MouseDown"), ev);
+        });
+        w = v;
+        break;
+    }
+    case K::Menu:
+    case K::Timer: return nullptr;
+    }
+    w->setObjectName(c->name());
+    w->installEventFilter(this);
+    widgets_.insert(c, w);
+    controls_.insert(w, c);
+    connect(c, &Control::changed, w, [this, c, w] { mirror(c, w); });
+    connect(w, &QObject::destroyed, this, [this, c, w] {
+        widgets_.remove(c);
+        controls_.remove(w);
+    });
+    mirror(c, w);
+    return w;
+}
+
+QAction* Binder::makeAction(const QString& controlName, QObject* parent) {
+    Control* c = form_->control(controlName);
+    auto* a = new QAction(c->text(), parent);
+    connect(a, &QAction::triggered, this, [this, c] { form_->click(c); });
+    connect(c, &Control::changed, a, [a, c] {
+        a->setText(c->text());
+        a->setVisible(c->visible());
+        a->setEnabled(c->enabled());
+    });
+    return a;
+}
+
+void Binder::mirror(Control* c, QWidget* w) {
+    mirroring_ = true;
+    const QString style = c->backcolor().isEmpty()
+                              ? QString()
+                              : QStringLiteral("background-color: %1;").arg(c->backcolor());
+    if (w->styleSheet() != style) w->setStyleSheet(style);
+    w->setVisible(c->visible());
+    w->setEnabled(c->enabled());
+    w->setToolTip(c->tooltip());
+    if (auto* e = qobject_cast<QLineEdit*>(w)) {
+        if (e->text() != c->text()) e->setText(c->text());
+    } else if (auto* l = qobject_cast<QLabel*>(w)) {
+        l->setText(c->text());
+    } else if (auto* b = qobject_cast<QPushButton*>(w)) {
+        b->setText(c->text());
+        if (c->kind() == K::Option || c->kind() == K::CheckBox) {
+            b->setCheckable(true);
+            b->setChecked(c->checked());
+        }
+    } else if (auto* g = qobject_cast<QGroupBox*>(w)) {
+        g->setTitle(c->text());
+    } else if (auto* cb = qobject_cast<QComboBox*>(w)) {
+        QStringList have;
+        for (int i = 0; i < cb->count(); ++i) have << cb->itemText(i);
+        if (have != c->items()) {
+            cb->clear();
+            cb->addItems(c->items());
+        }
+        if (cb->currentText() != c->text()) cb->setCurrentText(c->text());
+    } else if (auto* l = qobject_cast<QListWidget*>(w)) {
+        QStringList have;
+        for (int i = 0; i < l->count(); ++i) have << l->item(i)->text();
+        if (have != c->items()) {
+            l->clear();
+            l->addItems(c->items());
+            if (l->count() > 0) l->setCurrentRow(0);
+        }
+    } else if (auto* t = qobject_cast<QTableWidget*>(w)) {
+        const auto& rows = c->rows();
+        t->setColumnCount(c->columns().size());
+        t->setHorizontalHeaderLabels(c->columns());
+        t->setRowCount(int(rows.size()));
+        for (int r = 0; r < int(rows.size()); ++r)
+            for (int col = 0; col < rows[r].size() && col < t->columnCount(); ++col) {
+                auto* it = t->item(r, col);
+                if (!it) t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
+                else if (it->text() != rows[r][col]) it->setText(rows[r][col]);
+            }
+        t->scrollToBottom(); // the newest QSO stays in view
+    } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
+        if (s->value() != c->value()) s->setValue(c->value());
+    }
+    mirroring_ = false;
+}
+
+void Binder::onFocusChanged(Control* c) {
+    if (QWidget* w = widgets_.value(c, nullptr)) {
+        if (!w->hasFocus() && w->isVisible()) w->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+int Binder::vkCode(int key) {
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::F1 + (key - Qt::Key_F1);
+    switch (key) {
+    case Qt::Key_Left: return keys::Left;
+    case Qt::Key_Up: return keys::Up;
+    case Qt::Key_Right: return keys::Right;
+    case Qt::Key_Down: return keys::Down;
+    case Qt::Key_Escape: return keys::Esc;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return keys::Enter;
+    case Qt::Key_Backspace: return keys::Backspace;
+    case Qt::Key_Tab: return keys::Tab;
+    case Qt::Key_Delete: return 46;
+    case Qt::Key_Home: return 36;
+    case Qt::Key_End: return 35;
+    case Qt::Key_PageUp: return 33;
+    case Qt::Key_PageDown: return 34;
+    case Qt::Key_Insert: return 45;
+    default: return 0;
+    }
+}
+
+bool Binder::forwardKey(Form* form, QKeyEvent* e) {
+    int shift = 0;
+    if (e->modifiers() & Qt::ShiftModifier) shift |= 1;
+    if (e->modifiers() & Qt::ControlModifier) shift |= 2;
+    if (e->modifiers() & Qt::AltModifier) shift |= 4;
+    const int vk = vkCode(e->key());
+    if (vk == keys::Enter || vk == keys::Backspace || vk == keys::Esc || vk == keys::Tab) {
+        if (shift & ~1) {
+            form->pressKey(vk, shift);
+        } else {
+            form->typeChar(QChar(vk));
+        }
+        return true;
+    }
+    if (vk) {
+        form->pressKey(vk, shift);
+        return true;
+    }
+    const QString t = e->text();
+    if (!t.isEmpty() && !(shift & 6) && t[0].unicode() >= 32) {
+        for (const QChar ch : t) form->typeChar(ch);
+        return true;
+    }
+    return false;
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    Control* c = controls_.value(watched, nullptr);
+    if (!c) return false;
+    switch (event->type()) {
+    case QEvent::KeyPress: {
+        auto* ke = static_cast<QKeyEvent*>(event);
+        if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
+            return false;
+        if (form_->focused() != c) form_->setFocus(c);
+        return forwardKey(form_, ke);
+    }
+    case QEvent::ShortcutOverride: {
+        // Keys that Qt would take as shortcuts (F-keys, Esc) belong to the window's handlers.
+        auto* ke = static_cast<QKeyEvent*>(event);
+        if (vkCode(ke->key()) != 0 && !(ke->modifiers() & Qt::AltModifier)) {
+            event->accept();
+            return true;
+        }
+        return false;
+    }
+    case QEvent::FocusIn: {
+        auto* fe = static_cast<QFocusEvent*>(event);
+        if (fe->reason() == Qt::MouseFocusReason && form_->focused() != c) form_->setFocus(c);
+        return false;
+    }
+    case QEvent::MouseButtonRelease:
+        if (c->kind() == K::Label) {
+            form_->click(c);
+            return true;
+        }
+        return false;
+    default: return false;
+    }
+}
+
+} // namespace hfc

@@ -1,0 +1,46 @@
+#pragma once
+// Binds Qt widgets to the controls of a window model: each widget mirrors its control's
+// properties, and the operator's keys, clicks and focus go into the model through its event
+// path. The widgets hold no state and no rules of their own.
+#include "forms/form.h"
+
+#include <QHash>
+#include <QObject>
+
+class QWidget;
+class QAction;
+class QKeyEvent;
+
+namespace hfc {
+
+class Binder : public QObject {
+    Q_OBJECT
+public:
+    explicit Binder(Form* form, QObject* parent = nullptr);
+
+    Form* form() const { return form_; }
+    // Creates the widget that fits the control's kind and binds it.
+    QWidget* make(const QString& controlName, QWidget* parent = nullptr);
+    QWidget* make(Control* c, QWidget* parent = nullptr);
+    // Binds a menu action to a menu-item control.
+    QAction* makeAction(const QString& controlName, QObject* parent);
+    QWidget* widget(const QString& controlName) const;
+
+    // Translates a Qt key event into the window's key codes; true when it was forwarded.
+    static bool forwardKey(Form* form, QKeyEvent* e);
+    static int vkCode(int qtKey);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void mirror(Control* c, QWidget* w);
+    void onFocusChanged(Control* c);
+
+    Form* form_;
+    QHash<Control*, QWidget*> widgets_;
+    QHash<QObject*, Control*> controls_;
+    bool mirroring_ = false;
+};
+
+} // namespace hfc

@@ -1,0 +1,277 @@
+#include "mainwindow.h"
+
+#include "autoview.h"
+#include "binder.h"
+#include "forms/contest/contestform.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QTableWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace hfc {
+
+namespace {
+QLabel* caption(const QString& text, QWidget* parent = nullptr) {
+    auto* l = new QLabel(text, parent);
+    l->setStyleSheet(QStringLiteral("color: #404040;"));
+    return l;
+}
+QString arr(const char* base, int i) { return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i); }
+} // namespace
+
+MainWindow::MainWindow(ContestForm* form, QWidget* parent)
+    : QMainWindow(parent), form_(form), binder_(new Binder(form, this)) {
+    setWindowTitle(QStringLiteral("hfcontest"));
+    buildMenus();
+
+    auto* central = new QWidget(this);
+    auto* v = new QVBoxLayout(central);
+    v->setContentsMargins(6, 4, 6, 4);
+
+    // title row
+    auto* top = new QHBoxLayout;
+    auto* title = binder_->make("LBLCONTEST");
+    title->setStyleSheet(QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
+    top->addWidget(title, 1);
+    top->addWidget(caption(QStringLiteral("Диапазон:")));
+    auto* band = binder_->make("Label1");
+    band->setMinimumWidth(70);
+    top->addWidget(band);
+    top->addWidget(caption(QStringLiteral("Время:")));
+    top->addWidget(binder_->make("Label4"));
+    top->addWidget(caption(QStringLiteral("Свой позывной:")));
+    auto* own = binder_->make("TXTNCALL");
+    own->setMaximumWidth(120);
+    top->addWidget(own);
+    v->addLayout(top);
+
+    // bands and mode
+    auto* bands = new QHBoxLayout;
+    for (int b = 0; b < 7; ++b) {
+        auto* w = binder_->make(arr("cmbband", b));
+        w->setMinimumWidth(56);
+        bands->addWidget(w);
+    }
+    bands->addSpacing(12);
+    bands->addWidget(binder_->make("cmbmod"));
+    bands->addWidget(binder_->make("cmbwsego"));
+    bands->addStretch(1);
+    bands->addWidget(binder_->make("lblqtc"));
+    v->addLayout(bands);
+
+    v->addWidget(buildEntryLine());
+
+    // lookups, score panel, side panels
+    auto* middle = new QHBoxLayout;
+    auto* partial = new QVBoxLayout;
+    partial->addWidget(caption(QStringLiteral("Позывные в журнале")));
+    auto* list = binder_->make("DBList1");
+    list->setMaximumWidth(150);
+    partial->addWidget(list);
+    middle->addLayout(partial);
+    auto* earlier = new QVBoxLayout;
+    earlier->addWidget(caption(QStringLiteral("Прежние связи")));
+    earlier->addWidget(binder_->make("DBGrid1"));
+    middle->addLayout(earlier, 2);
+    middle->addWidget(buildScorePanel());
+    auto* worked = new QVBoxLayout;
+    worked->addWidget(binder_->make("List1"));
+    middle->addLayout(worked);
+    v->addLayout(middle, 2);
+
+    auto* panels = new QHBoxLayout;
+    panels->addWidget(buildMultiplierWindow(), 2);
+    panels->addWidget(buildKeyerPanel(), 1);
+    panels->addWidget(buildQtcFrame(), 1);
+    v->addLayout(panels);
+
+    auto* log = binder_->make("DBGrid3");
+    v->addWidget(log, 3);
+
+    setCentralWidget(central);
+    resize(1280, 860);
+
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, [this] { form_->fire(QStringLiteral("Timer1_Timer")); });
+    timer->start(1000);
+
+    connect(form_, &ContestForm::exitRequested, this, &QWidget::close);
+    connect(form_, &Form::formOpened, this, &MainWindow::openSubWindow);
+    if (QWidget* w = binder_->widget(form_->focusName())) w->setFocus();
+}
+
+void MainWindow::buildMenus() {
+    QMenuBar* bar = menuBar();
+    auto* contests = bar->addMenu(form_->cmbadd1->text());
+    QMenu* more = nullptr;
+    for (const QString& item : form_->contestMenuItems()) {
+        if (item == QLatin1String("mnuuba")) more = contests->addMenu(form_->mnudal->text());
+        (more ? more : contests)->addAction(binder_->makeAction(item, this));
+    }
+    bar->addAction(binder_->makeAction("mnupol", this));
+    bar->addAction(binder_->makeAction("cmbotchet", this));
+    bar->addAction(binder_->makeAction("cmbvur", this));
+    bar->addAction(binder_->makeAction("mnudxcc", this));
+    auto* service = bar->addMenu(form_->mnuserw->text());
+    for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
+                             "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
+        service->addAction(binder_->makeAction(item, this));
+    bar->addAction(binder_->makeAction("CMBEXIT", this));
+}
+
+QWidget* MainWindow::buildEntryLine() {
+    auto* box = new QWidget;
+    auto* g = new QGridLayout(box);
+    g->setContentsMargins(0, 0, 0, 0);
+    struct Col {
+        const char* name;
+        const char* head;
+        int width;
+    };
+    const Col cols[] = {{"txtcall", "Позывной", 150}, {"txtdate", "Дата", 80},
+                        {"txttime", "Время", 70},     {"lblrsts", "Передан", 50},
+                        {"txtrsts", "", 70},          {"lblrstr", "Принят", 50},
+                        {"txtrstr", "", 110},         {"txtmult", nullptr, 60},
+                        {"txtmult2", nullptr, 60},    {"txtpoint", nullptr, 45},
+                        {"txtpoint2", "", 45},        {"txtrepit", "", 80},
+                        {"cmbAdd", "", 60}};
+    int c = 0;
+    for (const Col& col : cols) {
+        QWidget* head = nullptr;
+        if (!col.head) {
+            head = binder_->make(QString::fromLatin1(col.name) == "txtmult" ? "lbldxcc"
+                                 : QString::fromLatin1(col.name) == "txtmult2" ? "lblzone"
+                                                                                : "lblpoint");
+        } else {
+            head = caption(QString::fromUtf8(col.head));
+        }
+        g->addWidget(head, 0, c);
+        QWidget* w = binder_->make(col.name);
+        w->setMinimumWidth(col.width);
+        if (QString::fromLatin1(col.name) == "txtcall")
+            w->setStyleSheet(QStringLiteral("font-size: 14pt; font-weight: bold;"));
+        g->addWidget(w, 1, c);
+        ++c;
+    }
+    g->addWidget(caption(QStringLiteral("Страна")), 0, c);
+    auto* country = binder_->make("txtstran5");
+    country->setMinimumWidth(130);
+    g->addWidget(country, 1, c);
+    g->addWidget(caption(QStringLiteral("QSO")), 0, c + 1);
+    g->addWidget(binder_->make("TXTRSTS2"), 1, c + 1);
+    return box;
+}
+
+QWidget* MainWindow::buildScorePanel() {
+    auto* box = new QGroupBox(QStringLiteral("Итоги"));
+    auto* g = new QGridLayout(box);
+    g->setSpacing(2);
+    g->addWidget(binder_->make("lblqso"), 0, 1);
+    g->addWidget(binder_->make("lblmult"), 0, 2);
+    g->addWidget(binder_->make("lblmult1"), 0, 3);
+    for (int b = 0; b < 7; ++b) {
+        g->addWidget(new QLabel(form_->cmbband[b]->text()), b + 1, 0);
+        g->addWidget(binder_->make(arr("qsoband", b)), b + 1, 1);
+        g->addWidget(binder_->make(arr("multband", b)), b + 1, 2);
+        g->addWidget(binder_->make(arr("multband1", b)), b + 1, 3);
+    }
+    g->addWidget(new QLabel(QStringLiteral("Всего")), 8, 0);
+    g->addWidget(binder_->make("qsotot"), 8, 1);
+    g->addWidget(binder_->make("multtot"), 8, 2);
+    g->addWidget(binder_->make("multtot1"), 8, 3);
+    for (QLineEdit* e : box->findChildren<QLineEdit*>()) e->setMaximumWidth(60);
+    g->addWidget(caption(QStringLiteral("Темп текущего часа  (QSO/час)")), 0, 4);
+    g->addWidget(binder_->make("txtrate"), 1, 4);
+    g->addWidget(caption(QStringLiteral("Последнего переключения диапазона")), 2, 4);
+    g->addWidget(binder_->make("txtbandtime"), 3, 4);
+    g->addWidget(caption(QStringLiteral("Последнего QSO")), 4, 4);
+    g->addWidget(binder_->make("txtlastqso"), 5, 4);
+    return box;
+}
+
+QWidget* MainWindow::buildMultiplierWindow() {
+    auto* frame = binder_->make("multwid");
+    auto* g = new QGridLayout(frame);
+    g->setSpacing(1);
+    constexpr int perRow = 18;
+    for (int i = 0; i < ContestForm::MwidBoxes; ++i) {
+        auto* w = binder_->make(arr("txtMwid", i));
+        w->setMaximumWidth(38);
+        g->addWidget(w, i / perRow, i % perRow);
+    }
+    g->addWidget(binder_->make("twid1"), ContestForm::MwidBoxes / perRow + 1, 0);
+    return frame;
+}
+
+QWidget* MainWindow::buildKeyerPanel() {
+    auto* frame = binder_->make("frCW");
+    auto* g = new QGridLayout(frame);
+    g->setSpacing(2);
+    const char* keysText[8] = {"F2", "F3", "F4", "F5", "F6", "F7", "F8", "F9"};
+    for (int i = 0; i < 8; ++i) {
+        g->addWidget(new QLabel(QString::fromLatin1(keysText[i])), 0, i);
+        g->addWidget(binder_->make(arr("TXTSCOR", i)), 1, i);
+    }
+    g->addWidget(caption(QStringLiteral("CtrF +  ShiftF -")), 2, 0, 1, 4);
+    g->addWidget(caption(QStringLiteral("Ctr или Alt плюс F2-F9 изм.скорость передачи")), 2, 4, 1, 4);
+    g->addWidget(new QLabel(QStringLiteral("F2")), 3, 0);
+    g->addWidget(binder_->make("lbltest"), 3, 1, 1, 3);
+    g->addWidget(new QLabel(QStringLiteral("F4")), 3, 4);
+    g->addWidget(binder_->make("txtf4"), 3, 5, 1, 3);
+    g->addWidget(new QLabel(QStringLiteral("F7")), 4, 0);
+    g->addWidget(binder_->make("txtf7"), 4, 1, 1, 3);
+    g->addWidget(new QLabel(QStringLiteral("F8")), 4, 4);
+    g->addWidget(binder_->make("txtf8"), 4, 5, 1, 3);
+    g->addWidget(new QLabel(QStringLiteral("F9")), 5, 0);
+    g->addWidget(binder_->make("txtf9"), 5, 1, 1, 3);
+    g->addWidget(binder_->make("lblNul"), 5, 4, 1, 2);
+    g->addWidget(new QLabel(QStringLiteral("Скорость")), 6, 0);
+    g->addWidget(binder_->make("HScroll1"), 6, 1, 1, 5);
+    g->addWidget(binder_->make("lblwpm"), 6, 6, 1, 2);
+    auto* ports = new QGroupBox(QStringLiteral("   COM  "));
+    auto* pl = new QHBoxLayout(ports);
+    for (int i = 0; i < 4; ++i) pl->addWidget(binder_->make(arr("Option1", i)));
+    g->addWidget(ports, 7, 0, 1, 5);
+    g->addWidget(caption(QStringLiteral("DTR > Ключ")), 7, 5, 1, 3);
+    g->addWidget(caption(QStringLiteral("RTS > PTT(педаль)")), 8, 5, 1, 3);
+    g->addWidget(binder_->make("lblports"), 8, 0, 1, 5);
+    g->addWidget(binder_->make("LblPoz"), 9, 0, 1, 4);
+    g->addWidget(binder_->make("lblcat"), 9, 4, 1, 4);
+    return frame;
+}
+
+QWidget* MainWindow::buildQtcFrame() {
+    auto* frame = binder_->make("FRQTC");
+    auto* g = new QGridLayout(frame);
+    g->setSpacing(2);
+    g->addWidget(new QLabel(QStringLiteral("QTC №")), 0, 0);
+    g->addWidget(binder_->make("txtqtcnr"), 0, 1);
+    g->addWidget(binder_->make("txtqtccall"), 1, 0);
+    g->addWidget(binder_->make("txtqtctime"), 1, 1);
+    g->addWidget(binder_->make("txtqtcband"), 1, 2);
+    for (int i = 0; i < 10; ++i) g->addWidget(binder_->make(arr("txtqtc", i)), 2 + i, 0, 1, 3);
+    g->addWidget(binder_->make("cmbqtc1"), 12, 0, 1, 3);
+    return frame;
+}
+
+void MainWindow::openSubWindow(Form* child) {
+    if (subWindows_.contains(child)) return;
+    auto* view = new AutoView(child, this);
+    subWindows_.insert(child, view);
+}
+
+void MainWindow::closeEvent(QCloseEvent* e) {
+    form_->unload();
+    e->accept();
+}
+
+} // namespace hfc

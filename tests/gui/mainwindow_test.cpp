@@ -1,0 +1,58 @@
+// The Qt main window offscreen: menu captions in order, and real key events reaching the model.
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "mainwindow.h"
+#include "script/scriptedui.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace hfc;
+
+namespace {
+struct Window {
+    QTemporaryDir dir;
+    Databases db;
+    ScriptedUi ui;
+    FixedClock clock;
+    std::unique_ptr<ContestForm> form;
+    std::unique_ptr<MainWindow> win;
+    Window() {
+        QString error;
+        EXPECT_TRUE(db.open(dir.path(), error));
+        Env env;
+        env.db = &db;
+        env.ui = &ui;
+        env.clock = &clock;
+        form = std::make_unique<ContestForm>(env);
+        form->Form_Load();
+        win = std::make_unique<MainWindow>(form.get());
+        win->show();
+    }
+};
+} // namespace
+
+TEST(MainWindowGui, MenuBarHasTheCaptionsInOrder) {
+    Window w;
+    QStringList captions;
+    for (QAction* a : w.win->menuBar()->actions()) captions << a->text();
+    EXPECT_EQ(captions, QStringList({"Соревнования", "Результаты", "Отчет", "В журнал", "DXCC",
+                                     "Сервис", "Выход"}));
+}
+
+TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
+    Window w;
+    auto* own = w.win->findChild<QLineEdit*>("TXTNCALL");
+    ASSERT_NE(own, nullptr);
+    w.form->TXTNCALL->setText("");
+    own->setFocus();
+    w.form->setFocus("TXTNCALL");
+    QTest::keyClicks(own, "ua3abc");
+    EXPECT_EQ(w.form->TXTNCALL->text(), "UA3ABC");
+    EXPECT_EQ(own->text(), "UA3ABC");
+}

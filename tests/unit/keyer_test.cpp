@@ -1,0 +1,244 @@
+#include "keyer/keyer.h"
+#include "keyer/morse.h"
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+#include <atomic>
+#include <ostream>
+
+namespace hfc {
+
+void PrintTo(const KeyEvent& e, std::ostream* os) {
+    *os << e.time << ' ' << e.name.toStdString() << ' ' << (e.value ? "true" : "false");
+}
+
+namespace {
+
+QString u(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+QString code(const QString& text) {
+    QString cwchar;
+    return buildCwCode(text, cwchar);
+}
+
+// Dots and dashes as written in a Morse chart, to the keyer's digits.
+QString fromChart(const char* chart) {
+    QString s;
+    for (const char* p = chart; *p; ++p) s += QLatin1Char(*p == '.' ? '1' : '3');
+    return s + QLatin1Char('0');
+}
+
+TEST(MorseCode, ParisAndSpaceGiveStandardProportions) {
+    QString cwchar;
+    EXPECT_EQ(buildCwCode("PARIS ", cwchar), "13310"
+                                             "130"
+                                             "1310"
+                                             "110"
+                                             "1110"
+                                             "00");
+    EXPECT_EQ(cwchar, "0");
+    EXPECT_EQ(buildCwCode("", cwchar), "");
+}
+
+TEST(MorseCode, LatinLettersAndDigitsFollowTheChart) {
+    const char* letters[] = {".-",   "-...", "-.-.", "-..",  ".",   "..-.", "--.",  "....", "..",
+                             ".---", "-.-",  ".-..", "--",   "-.",  "---",  ".--.", "--.-", ".-.",
+                             "...",  "-",    "..-",  "...-", ".--", "-..-", "-.--", "--.."};
+    for (int i = 0; i < 26; ++i) {
+        const QChar upper(char16_t('A' + i)), lower(char16_t('a' + i));
+        EXPECT_EQ(code(upper), fromChart(letters[i])) << char('A' + i);
+        EXPECT_EQ(code(lower), fromChart(letters[i])) << char('a' + i);
+    }
+    const char* digits[] = {"-----", ".----", "..---", "...--", "....-",
+                            ".....", "-....", "--...", "---..", "----."};
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(code(QChar(char16_t('0' + i))), fromChart(digits[i]));
+}
+
+TEST(MorseCode, CyrillicLettersTakeTheirLatinEquivalents) {
+    const QString pairs[][2] = {
+        {u("Ж"), "V"}, {u("Щ"), "Q"}, {u("Ь"), "X"}, {u("Ы"), "Y"}, {u("Ц"), "C"}, {u("Й"), "J"},
+        {u("Х"), "H"}, {u("В"), "W"}, {u("А"), "A"}, {u("Б"), "B"}, {u("Г"), "G"}, {u("Д"), "D"},
+        {u("Е"), "E"}, {u("З"), "Z"}, {u("И"), "I"}, {u("К"), "K"}, {u("Л"), "L"}, {u("М"), "M"},
+        {u("Н"), "N"}, {u("О"), "O"}, {u("П"), "P"}, {u("Р"), "R"}, {u("С"), "S"}, {u("Т"), "T"},
+        {u("У"), "U"}, {u("Ф"), "F"}};
+    for (const auto& p : pairs) {
+        EXPECT_EQ(code(p[0]), code(p[1])) << p[0].toStdString();
+        EXPECT_EQ(code(p[0].toLower()), code(p[1])) << p[0].toStdString();
+    }
+    EXPECT_EQ(code(u("Ч")), fromChart("---."));
+    EXPECT_EQ(code(u("ш")), fromChart("----"));
+    EXPECT_EQ(code(u("Э")), fromChart("..-.."));
+    EXPECT_EQ(code(u("ю")), fromChart("..--"));
+    EXPECT_EQ(code(u("Я")), fromChart(".-.-"));
+}
+
+TEST(MorseCode, RussianPunctuation) {
+    EXPECT_EQ(code("."), "1111110");
+    EXPECT_EQ(code("!"), "3311330");
+    EXPECT_EQ(code(","), "1313130");
+    EXPECT_EQ(code(";"), "313130");
+    EXPECT_EQ(code("/"), "311310");
+    EXPECT_EQ(code(u("№")), "311310");
+    EXPECT_EQ(code("("), "3133130");
+    EXPECT_EQ(code(")"), "3133130");
+    EXPECT_EQ(code("?"), "1133110");
+    EXPECT_EQ(code("-"), "3111130");
+    EXPECT_EQ(code(":"), "3331110");
+    EXPECT_EQ(code("\""), "1311310");
+    EXPECT_EQ(code("'"), "1333310");
+}
+
+TEST(MorseCode, CharacterWithoutEntryRepeatsThePreviousCode) {
+    QString cwchar;
+    EXPECT_EQ(buildCwCode(u("Ъ"), cwchar), "0"); // nothing converted yet
+    EXPECT_EQ(cwchar, "");
+    EXPECT_EQ(buildCwCode(u("AЪ"), cwchar), "130130");
+    // The last code survives into the next message.
+    EXPECT_EQ(buildCwCode(u("=ё+@ъ"), cwchar), "130130130130130");
+    // Outside the code page ("漢"), in it but unlisted ("€"), half a surrogate pair and a whole
+    // pair: none may turn into the "?" an encoder substitutes.
+    EXPECT_EQ(buildCwCode(u("T漢€"), cwchar), "3030"
+                                              "30");
+    EXPECT_EQ(buildCwCode(QString(QChar(char16_t(0xD83D))) + "E", cwchar), "30"
+                                                                           "10");
+    EXPECT_EQ(buildCwCode(u("\U0001F600"), cwchar), "10"
+                                                    "10");
+    EXPECT_EQ(cwchar, "1");
+}
+
+// ---- keying ----
+
+KeyEvent ev(qint64 t, const char* name, bool v) {
+    return {t, QString::fromLatin1(name), v};
+}
+
+struct KeyerTest : ::testing::Test {
+    std::shared_ptr<RecordingKeyPort> port = std::make_shared<RecordingKeyPort>();
+    Keyer keyer{port};
+    std::atomic<int> errors{0};
+    void SetUp() override {
+        keyer.setPortErrorHandler([this] { ++errors; });
+    }
+    std::vector<KeyEvent> sendAndTake(const QString& cwcode, qint64 unit, qint64 restored) {
+        keyer.send(cwcode, unit, restored);
+        keyer.waitIdle();
+        return port->takeEvents();
+    }
+};
+
+TEST_F(KeyerTest, ElementsKeepTheirProportionsAndTheTailUsesTheRestoredUnit) {
+    // "A " is 13 0 0 0: the final "0" is not played.
+    const std::vector<KeyEvent> expected = {
+        ev(0, "PortOpen", true),     ev(0, "RTSEnable", true),  ev(0, "DTREnable", true),
+        ev(10, "DTREnable", false),  ev(20, "DTREnable", true), ev(50, "DTREnable", false),
+        ev(128, "RTSEnable", false), ev(128, "PortOpen", false)};
+    EXPECT_EQ(sendAndTake("13000", 10, 7), expected);
+    EXPECT_EQ(errors, 0);
+    EXPECT_FALSE(port->isOpen());
+}
+
+TEST_F(KeyerTest, EmptyMessageStillKeysPttWithTail) {
+    const qint64 t0 = port->now();
+    const std::vector<KeyEvent> expected = {ev(t0, "PortOpen", true), ev(t0, "RTSEnable", true),
+                                            ev(t0 + 4 * 9, "RTSEnable", false),
+                                            ev(t0 + 4 * 9, "PortOpen", false)};
+    EXPECT_EQ(sendAndTake("", 5, 9), expected);
+    // A single digit is only the trailing gap: same as empty.
+    auto single = sendAndTake("0", 5, 9);
+    ASSERT_EQ(single.size(), 4u);
+    EXPECT_EQ(single[2].time - single[1].time, 36);
+}
+
+TEST_F(KeyerTest, MessageUsesThePortChosenWhenQueued) {
+    keyer.setCommPort(3);
+    sendAndTake("10", 1, 1);
+    EXPECT_EQ(port->lastCommPort(), 3);
+}
+
+TEST_F(KeyerTest, BusyPortReportsErrorAndKeysNothing) {
+    port->setBusy(true);
+    EXPECT_TRUE(sendAndTake("130", 10, 10).empty());
+    EXPECT_EQ(errors, 1);
+    port->setBusy(false);
+    EXPECT_EQ(sendAndTake("130", 10, 10).size(), 8u);
+    EXPECT_EQ(errors, 1);
+}
+
+TEST_F(KeyerTest, LineFailureLeavesPortOpenAndNextMessageReusesIt) {
+    port->setLinesFail(true);
+    const std::vector<KeyEvent> opened = {ev(0, "PortOpen", true)};
+    EXPECT_EQ(sendAndTake("130", 10, 10), opened);
+    EXPECT_EQ(errors, 1);
+    EXPECT_TRUE(port->isOpen());
+    port->setLinesFail(false);
+    const auto events = sendAndTake("10", 10, 10);
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.front().name, "RTSEnable"); // not reopened
+    EXPECT_EQ(events.back(), ev(60, "PortOpen", false));
+}
+
+TEST_F(KeyerTest, AbortStopsMidElementAndDropsTheQueue) {
+    port->holdAt(25); // inside the dash of "T" (DTR on from 0 to 30)
+    keyer.send("30", 10, 10);
+    keyer.send("10", 10, 10);
+    ASSERT_TRUE(port->waitUntilHeld(5000));
+    EXPECT_TRUE(keyer.busy());
+    keyer.abort();
+    keyer.waitIdle();
+    const std::vector<KeyEvent> expected = {ev(0, "PortOpen", true),    ev(0, "RTSEnable", true),
+                                            ev(0, "DTREnable", true),   ev(25, "DTREnable", false),
+                                            ev(25, "RTSEnable", false), ev(25, "PortOpen", false)};
+    EXPECT_EQ(port->takeEvents(), expected);
+    EXPECT_FALSE(port->isOpen());
+    EXPECT_EQ(errors, 0);
+    // Sending goes on normally after Esc.
+    EXPECT_EQ(sendAndTake("10", 10, 10).size(), 6u);
+}
+
+TEST_F(KeyerTest, AbortWhileIdleTouchesNothingUnlessThePortWasLeftOpen) {
+    keyer.abort();
+    keyer.waitIdle();
+    EXPECT_TRUE(port->takeEvents().empty());
+
+    port->setLinesFail(true);
+    sendAndTake("10", 10, 10);
+    port->setLinesFail(false);
+    keyer.abort();
+    keyer.waitIdle();
+    const std::vector<KeyEvent> expected = {ev(0, "DTREnable", false), ev(0, "RTSEnable", false),
+                                            ev(0, "PortOpen", false)};
+    EXPECT_EQ(port->takeEvents(), expected);
+}
+
+TEST_F(KeyerTest, SecondMessageWaitsForTheFirst) {
+    port->holdAt(5);
+    keyer.send("10", 10, 10);
+    ASSERT_TRUE(port->waitUntilHeld(5000));
+    keyer.send("30", 10, 10);
+    EXPECT_EQ(port->takeEvents().size(), 3u); // first message's open, RTS, DTR only
+    port->releaseHold();
+    keyer.waitIdle();
+    EXPECT_FALSE(keyer.busy());
+    const std::vector<KeyEvent> expected = {
+        ev(10, "DTREnable", false), ev(60, "RTSEnable", false),  ev(60, "PortOpen", false),
+        ev(60, "PortOpen", true),   ev(60, "RTSEnable", true),   ev(60, "DTREnable", true),
+        ev(90, "DTREnable", false), ev(140, "RTSEnable", false), ev(140, "PortOpen", false)};
+    EXPECT_EQ(port->takeEvents(), expected);
+}
+
+TEST(KeyerSpeed, BarPositionToUnitAndWpm) {
+    EXPECT_EQ(Keyer::unitForBar(51), 150000);
+    EXPECT_EQ(Keyer::unitForBar(100), 3000);
+    EXPECT_EQ(Keyer::unitForBar(1), 300000);
+    EXPECT_GE(Keyer::wpmForBar(51), 26.0);
+    EXPECT_LE(Keyer::wpmForBar(51), 28.0);
+    // Speed is inversely proportional to the unit.
+    EXPECT_DOUBLE_EQ(Keyer::wpmForBar(1) * 100, Keyer::wpmForBar(100));
+}
+
+} // namespace
+} // namespace hfc

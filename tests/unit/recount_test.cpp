@@ -1,0 +1,152 @@
+// Serial numbers and band totals rebuilt from the log.
+#include "formfixture.h"
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+struct RecountTest : FormFixture {
+    void select(const QString& item, const QString& input = {}) {
+        if (!input.isNull()) ui.queueInput(input);
+        ASSERT_TRUE(form->call(item + "_Click", {}));
+    }
+    void addQsos(int n, const QString& contest, const QString& band = "14") {
+        db.contest.begin();
+        for (int i = 0; i < n; ++i) addRow(QString("UA%1ABC").arg(i), band, contest);
+        db.contest.commit();
+    }
+    QStringList bandColumn(const char* base) {
+        QStringList out;
+        for (int b = 0; b < 7; ++b) out << text(QString("%1(%2)").arg(base).arg(b));
+        return out;
+    }
+};
+
+} // namespace
+
+TEST_F(RecountTest, EmptyLogStartsAtOneEverywhereZero) {
+    addQsos(3, "wpx"); // another contest's QSOs never count
+    select("mnucqm");
+    EXPECT_EQ(text("TXTRSTS2"), "0");
+    EXPECT_EQ(text("txtrsts"), "001");
+    const QStringList zeros(7, "0");
+    EXPECT_EQ(bandColumn("qsoband"), zeros);
+    EXPECT_EQ(bandColumn("multband"), zeros);
+    EXPECT_EQ(bandColumn("multband1"), zeros);
+    EXPECT_EQ(text("qsotot"), "0");
+    EXPECT_EQ(text("multtot"), "0");
+    EXPECT_EQ(text("multtot1"), "0");
+}
+
+TEST_F(RecountTest, FixedExchangeContestSendsTheOwnExchange) {
+    select("mnuiaru", "29");
+    EXPECT_EQ(text("txtrsts"), "29");
+    EXPECT_EQ(text("TXTRSTS2"), "0");
+}
+
+TEST_F(RecountTest, SerialKeepsThreeDigitsAndGrowsPastThem) {
+    select("mnuwpx");
+    const std::pair<int, const char*> cases[] = {{9, "010"}, {99, "100"}, {999, "1000"}};
+    int logged = 0;
+    for (const auto& [n, next] : cases) {
+        addQsos(n - logged, "wpx");
+        logged = n;
+        form->nextserial();
+        EXPECT_EQ(text("TXTRSTS2"), QString::number(n));
+        EXPECT_EQ(text("txtrsts"), next);
+    }
+}
+
+TEST_F(RecountTest, PlaceholderRowsAreNoQsos) {
+    addQsos(2, "wpx", "7");
+    addRow("\"", "7", "wpx", "UA", "16");
+    select("mnuwpx");
+    EXPECT_EQ(text("TXTRSTS2"), "2");
+    EXPECT_EQ(text("txtrsts"), "003");
+    EXPECT_EQ(text("qsoband(2)"), "2");
+    EXPECT_EQ(text("qsotot"), "2");
+}
+
+TEST_F(RecountTest, MultipliersAreDistinctNonEmptyValuesPerBand) {
+    addRow("DL1A", "14", "cqww", "DL", "14");
+    addRow("DL2B", "14", "cqww", "DL", "14");
+    addRow("F5C", "14", "cqww", "F", "14");
+    addRow("UA3D", "14", "cqww", "", "16");
+    addRow("DL3E", "21", "cqww", "DL", "14");
+    addRow("W1AW", "sat", "cqww", "K", "");
+    addRow("K1ZZ", "14", "wpx", "K1", "05"); // another contest
+    select("mnucqww", "16");
+    EXPECT_EQ(bandColumn("qsoband"), QStringList({"0", "0", "0", "4", "1", "0", "1"}));
+    EXPECT_EQ(bandColumn("multband"), QStringList({"0", "0", "0", "2", "1", "0", "1"}));
+    EXPECT_EQ(bandColumn("multband1"), QStringList({"0", "0", "0", "2", "1", "0", "0"}));
+    EXPECT_EQ(text("qsotot"), "6");
+    EXPECT_EQ(text("multtot"), "4");
+    EXPECT_EQ(text("multtot1"), "3");
+    EXPECT_EQ(text("txtrsts"), "16");
+    EXPECT_EQ(text("TXTRSTS2"), "6");
+}
+
+TEST_F(RecountTest, ChampionshipSumsPointsInsteadOfCountingMultipliers) {
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, ps, point, point2) VALUES "
+                   "('UA1A','7','chemp','X','Y','12','1'), ('UA4B','7','chemp','X','Y','15','2'),"
+                   "('UA9C','3,5','chemp','','','19',''), ('UA0D','3,5','cqww','','','50','9')");
+    select("mnuchemp");
+    EXPECT_EQ(bandColumn("qsoband"), QStringList({"0", "1", "2", "0", "0", "0", "0"}));
+    EXPECT_EQ(bandColumn("multband"), QStringList({"0", "19", "27", "0", "0", "0", "0"}));
+    EXPECT_EQ(bandColumn("multband1"), QStringList({"0", "0", "3", "0", "0", "0", "0"}));
+    EXPECT_EQ(text("multtot"), "46");
+    EXPECT_EQ(text("multtot1"), "3");
+    EXPECT_EQ(text("lblrsts"), "1");
+    EXPECT_EQ(text("lblrstr"), "");
+}
+
+TEST_F(RecountTest, PointContestsShowThePointTotalAsMultipliers) {
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, point) VALUES "
+                   "('LY1A','3,5','bal','LY','10'), ('SM5B','3,5','bal','SM','1'),"
+                   "('ES1C','3,5','bal','ES','10')");
+    select("mnubal");
+    EXPECT_EQ(text("multband(1)"), "3"); // the band still counts distinct values
+    EXPECT_EQ(text("multtot"), "21");
+    EXPECT_EQ(text("qsotot"), "3");
+}
+
+TEST_F(RecountTest, LzOpenPassesOnTheLastReceivedNumber) {
+    select("mnulzo");
+    // the contest's own captions blank the sent element after the restart; the next
+    // restart (the callsign box taking the focus) fills it again
+    form->nextserial();
+    EXPECT_EQ(text("lblrsts"), "001");
+    EXPECT_EQ(text("txtrsts"), "000");
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, rstr2) VALUES "
+                   "('LZ1A','7','lzo','0047'), ('LZ2B','7','lzo','123'), "
+                   "('LZ9Z','7','cqww','999')");
+    form->nextserial();
+    EXPECT_EQ(text("lblrsts"), "003");
+    EXPECT_EQ(text("txtrsts"), "123");
+    form->recount();
+    EXPECT_EQ(text("multtot"), "0"); // no points logged: the empty sum shows as 0
+}
+
+TEST_F(RecountTest, RaemSendsSerialAndCoordinatesAsTwoElements) {
+    addQsos(4, "raem");
+    select("mnuraem", "55N37O");
+    EXPECT_EQ(text("lblrsts"), "005");
+    EXPECT_EQ(text("txtrsts"), "55N37O");
+    EXPECT_EQ(text("lblrstr"), "");
+}
+
+TEST_F(RecountTest, ContestsWithoutRestartKeepThePreviousSerialAndTotals) {
+    addQsos(5, "cqww");
+    select("mnucqww", "16");
+    select("mnuwpx"); // a restart for comparison: wpx has no QSOs
+    EXPECT_EQ(text("qsotot"), "0");
+    select("mnucqww", "16");
+    ASSERT_EQ(text("qsotot"), "5");
+    for (const char* item : {"mnuagcw", "mnukcj", "mnurus", "mnuari"}) {
+        select(item, QString(item) == "mnuagcw" || QString(item) == "mnuari" ? QString() : "x");
+        EXPECT_EQ(text("TXTRSTS2"), "5") << item;
+        EXPECT_EQ(text("qsotot"), "5") << item;
+        EXPECT_EQ(text("qsoband(3)"), "5") << item;
+    }
+}

@@ -1,0 +1,101 @@
+// RAEM distance scoring and the SAC area multiplier.
+#include "contests/scoring.h"
+#include "formfixture.h"
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+struct RaemTest : FormFixture {
+    void SetUp() override {
+        FormFixture::SetUp();
+        form->myexch = "55N37O";
+    }
+    // points and bonus after scoring a received exchange
+    std::pair<QString, QString> score(const QString& rx, const QString& call = "UA9ABC",
+                                      bool repeat = false) {
+        form->txtrstr->setText(rx);
+        form->txtcall->setText(call);
+        form->txtrepit->setVisible(repeat);
+        form->txtpoint->setText("kept");
+        form->txtpoint2->setText("kept");
+        form->call("raemscore", {});
+        return {text("txtpoint"), text("txtpoint2")};
+    }
+};
+
+} // namespace
+
+TEST_F(RaemTest, DistanceInDegreesWithTheNorthBonus) {
+    EXPECT_EQ(score("00155N37O"), std::make_pair(QString("0"), QString("kept")));
+    EXPECT_EQ(score("00168N33O"), std::make_pair(QString("17"), QString("kept")));
+    EXPECT_EQ(score("00169N33O"), std::make_pair(QString("18"), QString("100")));
+    EXPECT_EQ(score("00143N132O"), std::make_pair(QString("107"), QString("kept")));
+    EXPECT_EQ(score("00140N30O"), std::make_pair(QString("22"), QString("kept"))); // west and south
+}
+
+TEST_F(RaemTest, ThreeDigitLongitudeIsNotMadePositive) {
+    // 10-character exchanges subtract without an absolute value
+    EXPECT_EQ(score("00155N020O").first, "-17");
+}
+
+TEST_F(RaemTest, OutOfRangeOrWrongLengthLeavesTheBoxes) {
+    const auto untouched = std::make_pair(QString("kept"), QString("kept"));
+    EXPECT_EQ(score("00101N37O"), untouched);
+    EXPECT_EQ(score("00190N37O"), untouched);
+    EXPECT_EQ(score("00155N180O"), untouched);
+    EXPECT_EQ(score("00155N01O"), untouched);
+    EXPECT_EQ(score("0015N37O"), untouched);
+    EXPECT_EQ(score("00155N37O12"), untouched);
+    EXPECT_EQ(score("00102N02O").first, "88"); // 2 is inside the bounds
+}
+
+TEST_F(RaemTest, SpecialStationAndRepeats) {
+    EXPECT_EQ(score("00155N37O", "RAEM").second, "300");
+    EXPECT_EQ(score("00175N37O", "RAEM").second, "300"); // replaces the north bonus
+    EXPECT_EQ(score("00175N37O", "RAEM/P").second, "100");
+    EXPECT_EQ(score("00175N40O", "RAEM", true), std::make_pair(QString("0"), QString("")));
+}
+
+using SacTest = FormFixture;
+
+TEST_F(SacTest, SacZeroesThePointsAndLeavesTheMultiplier) {
+    form->contestcode = "sac";
+    form->curband = "14";
+    form->callpref = "OH";
+    form->txtcall->setText("OH2XX");
+    form->txtpoint->setText("1");
+    form->txtmult->setText("untouched");
+    form->sacarea = 4;
+    form->call("SAC", {});
+    EXPECT_EQ(text("txtpoint"), "0");
+    EXPECT_EQ(text("txtmult"), "untouched");
+    EXPECT_EQ(form->sacarea, 0);
+}
+
+TEST(SacCandidate, CallAreaDigitOrZero) {
+    const QString digits = "0123456789";
+    EXPECT_EQ(contests::sacCandidate("OH", "OH2XX", digits), "OH2");
+    EXPECT_EQ(contests::sacCandidate("G", "G4ABC", digits), "G0");
+    EXPECT_EQ(contests::sacCandidate("SM", "SM", digits), "SM0");
+}
+
+TEST_F(SacTest, SacOneIndexesTheAreaBox) {
+    form->txtpoint->setText("1");
+    form->multcand = "OH7";
+    form->sacarea = 2;
+    form->SAC1();
+    EXPECT_EQ(form->sacbox, 27);
+    form->sacbox = 0;
+    form->txtpoint->setText("2");
+    form->SAC1();
+    EXPECT_EQ(form->sacbox, 0);
+}
+
+TEST_F(SacTest, CheckItemDoesNothing) {
+    form->txtpoint->setText("5");
+    EXPECT_TRUE(form->call("mnuprow_Click", {}));
+    EXPECT_TRUE(form->call("SAC2", {}));
+    EXPECT_EQ(text("txtpoint"), "5");
+}

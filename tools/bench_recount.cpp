@@ -1,0 +1,101 @@
+// Times nextserial and recount on logs of 10k and 100k QSOs spread over several contests.
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "script/scriptedui.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <cstdio>
+
+using namespace hfc;
+
+namespace {
+
+const char* const kContests[] = {"cqww", "wpx", "chemp", "ea", "lzo"};
+const char* const kBands[] = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
+
+void fill(Db& db, int qsos) {
+    db.exec("DELETE FROM tbllog");
+    db.begin();
+    for (int i = 0; i < qsos; ++i) {
+        const QString call = QStringLiteral("UA%1X%2").arg(i % 10).arg(i, 5, 36, QChar('A'));
+        db.run("INSERT INTO tbllog (ccall, bband, ps2, mult, ps, point, point2, rstr2) "
+               "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)",
+               {i % 97 == 0 ? QStringLiteral("\"") : call, kBands[(i / 5) % 7], kContests[i % 5],
+                (i % 3) ? QStringLiteral("P%1").arg(i % 340) : QString(),
+                QString::number(i % 40 + 1), QString::number(i % 25 + 1), QString::number(i % 3),
+                QString::number(i % 1000)});
+    }
+    db.commit();
+}
+
+// The per-band figures as the plain record counts of the log queries, band by band.
+bool agrees(Db& db, ContestForm& form) {
+    if (form.contestcode == QLatin1String("chemp")) return true;
+    for (int b = 0; b < 7; ++b) {
+        const QStringList p{form.cmbband[b]->text(), form.contestcode};
+        const int q = db.count("SELECT ccall FROM tbllog WHERE bband = ?1 AND ccall <> '\"' "
+                               "AND ps2 = ?2",
+                               p);
+        const int m = db.count("SELECT DISTINCT mult FROM tbllog WHERE bband = ?1 "
+                               "AND length(mult) > 0 AND ps2 = ?2",
+                               p);
+        const int m1 = db.count("SELECT DISTINCT ps FROM tbllog WHERE bband = ?1 "
+                                "AND length(ps) > 0 AND ps2 = ?2",
+                                p);
+        if (form.qsoband[b]->text() != QString::number(q) ||
+            form.multband[b]->text() != QString::number(m) ||
+            form.multband1[b]->text() != QString::number(m1))
+            return false;
+    }
+    return true;
+}
+
+double msPer(int runs, const std::function<void()>& f) {
+    QElapsedTimer t;
+    t.start();
+    for (int i = 0; i < runs; ++i) f();
+    return t.nsecsElapsed() / 1e6 / runs;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QTemporaryDir dir;
+    Databases dbs;
+    QString error;
+    if (!dbs.open(dir.path(), error)) {
+        std::fprintf(stderr, "%s\n", qPrintable(error));
+        return 1;
+    }
+    ScriptedUi ui;
+    FixedClock clock;
+    Env env;
+    env.db = &dbs;
+    env.ui = &ui;
+    env.clock = &clock;
+    ContestForm form(env);
+    form.Form_Load();
+
+    int status = 0;
+    for (int qsos : {10000, 100000}) {
+        fill(dbs.contest, qsos);
+        std::printf("log of %d QSOs over %zu contests\n", qsos, std::size(kContests));
+        for (const char* code : kContests) {
+            form.contestcode = QString::fromLatin1(code);
+            form.fixexch = 0;
+            const int runs = 20;
+            const double serial = msPer(runs, [&] { form.nextserial(); });
+            const double recount = msPer(runs, [&] { form.recount(); });
+            const bool ok = agrees(dbs.contest, form);
+            std::printf("  %-6s nextserial %7.3f ms  recount %7.3f ms  (qsotot %s, multtot %s)%s\n",
+                        code, serial, recount, qPrintable(form.qsotot->text()),
+                        qPrintable(form.multtot->text()), ok ? "" : "  MISMATCH");
+            if (!ok) status = 1;
+        }
+    }
+    return status;
+}
