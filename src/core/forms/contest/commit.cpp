@@ -140,9 +140,7 @@ void ContestForm::appendLogGridRow(qint64 rowid) {
                                  {QString::number(rowid)});
     if (r.empty()) return;
     grid3rowids.push_back(rowid);
-    std::vector<QStringList> rows = DBGrid3->rows();
-    rows.push_back(r[0].mid(1));
-    DBGrid3->setRows(std::move(rows));
+    DBGrid3->appendRow(r[0].mid(1));
 }
 
 void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& value) {
@@ -164,10 +162,8 @@ void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& va
     // The field name comes from the fixed list above, never from the caller's text.
     logDb().run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(field),
                 {upper, QString::number(grid3rowids[row])});
-    std::vector<QStringList> rows = DBGrid3->rows();
     for (int i = 0; i < fields.size(); ++i)
-        if (fields[i] == field) rows[row][i] = upper;
-    DBGrid3->setRows(std::move(rows));
+        if (fields[i] == field) DBGrid3->setCell(row, i, upper);
 }
 
 } // namespace hfc
