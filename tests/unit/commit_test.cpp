@@ -209,3 +209,29 @@ TEST_F(CommitTest, TheRunTimersFollowTheCommits) {
     EXPECT_EQ(form->bandstart, clock.localNow());
     EXPECT_EQ(form->qsorun, 3);
 }
+
+TEST_F(CommitTest, TheShownWorkedListIsRefilledInItsContestsScope) {
+    form->List1->setVisible(true);
+    addRow("DL1ABC", "14", "cqww", "DL");
+    addRow("JA1XYZ", "21", "cqww", "JA");
+    form->contestcode = "cqww";
+    typeCall("F5ABC");
+    form->txtmult->setText("F");
+    form->wwodadd();
+    EXPECT_EQ(form->List1->items(), QStringList({"DL", "F"})); // this band only
+
+    addRow("OK1XYZ", "21", "wpx", "OK1");
+    form->contestcode = "wpx";
+    typeCall("DL2ABC");
+    form->txtmult->setText("DL2");
+    form->wwodadd();
+    EXPECT_EQ(form->List1->items(), QStringList({"OK1", "DL2"})); // all bands
+
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, rsts) VALUES "
+                   "('VK2A','21','vkzl','VK2','599'), ('VK3A','14','vkzl','VK3','59')");
+    form->contestcode = "vkzl";
+    typeCall("ZL1AA");
+    form->txtmult->setText("ZL1");
+    form->wwodadd(); // stored with rsts "599" (CW), which the sent-report box shows
+    EXPECT_EQ(form->List1->items(), QStringList({"VK2", "ZL1"})); // this report, all bands
+}
