@@ -2,11 +2,13 @@
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "keyer/serialkeyport.h"
 #include "mainwindow.h"
 #include "qtui.h"
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QSettings>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -29,8 +31,23 @@ int main(int argc, char** argv) {
     env.db = &db;
     env.ui = &ui;
     env.clock = &clock;
+    // HFCONTEST_PORTS="/dev/ttyUSB0,/dev/ttyS1": the devices behind COM1, COM2, ... of the panel.
+    QStringList ports = qEnvironmentVariable("HFCONTEST_PORTS").split(',', Qt::SkipEmptyParts);
+    for (QString& p : ports) p = p.trimmed();
+    ports.removeAll(QString());
+    hfc::SerialKeyPort keyPort(ports.isEmpty() ? hfc::SerialKeyPort::defaultDevices() : ports);
+    env.port = &keyPort;
+    QSettings settings(QStringLiteral("hfcontest"), QStringLiteral("hfcontest"));
     hfc::ContestForm form(env);
     form.Form_Load();
+    // The operator's own F4, F7 and F9 messages are kept between runs, as any contest keyer does;
+    // F2 and F8 start from their standard texts.
+    for (hfc::Control* c : {form.txtf4, form.txtf7, form.txtf9}) {
+        const QString key = QStringLiteral("keyer/") + c->name();
+        c->setText(settings.value(key, c->text()).toString());
+        QObject::connect(c, &hfc::Control::changed, c,
+                         [&settings, c, key] { settings.setValue(key, c->text()); });
+    }
     hfc::MainWindow window(&form);
     ui.setParent(&window);
     window.show();

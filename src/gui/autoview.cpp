@@ -4,6 +4,7 @@
 #include "forms/form.h"
 
 #include <QFormLayout>
+#include <QHash>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -13,12 +14,21 @@ namespace hfc {
 
 AutoView::AutoView(Form* form, QWidget* parent)
     : QWidget(parent, Qt::Window), form_(form), binder_(new Binder(form, this)) {
-    setWindowTitle(form->name());
+    setWindowTitle(form->windowTitle.isEmpty() ? form->name() : form->windowTitle);
     auto* v = new QVBoxLayout(this);
     auto* menus = new QMenuBar(this);
     bool anyMenu = false;
     auto* grid = new QGridLayout;
     int row = 0;
+    // Frames become group boxes; a control whose "frame" names one is laid out inside it, so
+    // hiding the frame hides what it holds.
+    QHash<QString, QGridLayout*> frames;
+    for (Control* c : form->controls()) {
+        if (c->kind() != Control::Kind::Frame) continue;
+        QWidget* box = binder_->make(c);
+        frames.insert(c->name(), new QGridLayout(box));
+        grid->addWidget(box, row++, 0, 1, 2);
+    }
     for (Control* c : form->controls()) {
         if (c->kind() == Control::Kind::Menu) {
             menus->addAction(binder_->makeAction(c->name(), this));
@@ -28,6 +38,10 @@ AutoView::AutoView(Form* form, QWidget* parent)
         if (c->kind() == Control::Kind::Timer || c->kind() == Control::Kind::Frame) continue;
         QWidget* w = binder_->make(c);
         if (!w) continue;
+        if (QGridLayout* inner = frames.value(c->extra(QStringLiteral("frame")), nullptr)) {
+            inner->addWidget(w, inner->rowCount(), 0);
+            continue;
+        }
         const bool wide = c->kind() == Control::Kind::Grid || c->kind() == Control::Kind::Tree ||
                           c->kind() == Control::Kind::DirList || c->kind() == Control::Kind::List;
         if (c->kind() == Control::Kind::TextBox || c->kind() == Control::Kind::Combo) {
@@ -38,8 +52,10 @@ AutoView::AutoView(Form* form, QWidget* parent)
         }
         ++row;
     }
-    if (anyMenu) v->setMenuBar(menus);
-    else delete menus;
+    if (anyMenu)
+        v->setMenuBar(menus);
+    else
+        delete menus;
     v->addLayout(grid);
     connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
     resize(700, 600);

@@ -10,11 +10,11 @@ class Binder;
 
 class AutoView : public QWidget {
     Q_OBJECT
-public:
+  public:
     AutoView(Form* form, QWidget* parent = nullptr);
     Binder* binder() const { return binder_; }
 
-private:
+  private:
     Form* form_;
     Binder* binder_;
 };

@@ -11,11 +11,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTableWidget>
 #include <QTreeView>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 namespace hfc {
 
@@ -108,8 +111,21 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         break;
     }
     case K::Tree: {
+        // Nodes carry their tree index (from 1); the window's handlers take that index.
         auto* t = new QTreeWidget(parent);
         t->setHeaderHidden(true);
+        const auto forward = [this, c](const char* event, QTreeWidgetItem* it) {
+            if (mirroring_) return;
+            Event ev;
+            ev.index = it->data(0, Qt::UserRole).toInt();
+            form_->fire(Form::baseName(c->name()) + QLatin1String(event), ev);
+        };
+        connect(t, &QTreeWidget::itemClicked, this,
+                [forward](QTreeWidgetItem* it) { forward("_NodeClick", it); });
+        connect(t, &QTreeWidget::itemExpanded, this,
+                [forward](QTreeWidgetItem* it) { forward("_Expand", it); });
+        connect(t, &QTreeWidget::itemCollapsed, this,
+                [forward](QTreeWidgetItem* it) { forward("_Collapse", it); });
         w = t;
         break;
     }
@@ -130,7 +146,8 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         break;
     }
     case K::Menu:
-    case K::Timer: return nullptr;
+    case K::Timer:
+        return nullptr;
     }
     w->setObjectName(c->name());
     w->installEventFilter(this);
@@ -202,14 +219,75 @@ void Binder::mirror(Control* c, QWidget* w) {
         for (int r = 0; r < int(rows.size()); ++r)
             for (int col = 0; col < rows[r].size() && col < t->columnCount(); ++col) {
                 auto* it = t->item(r, col);
-                if (!it) t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
-                else if (it->text() != rows[r][col]) it->setText(rows[r][col]);
+                if (!it)
+                    t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
+                else if (it->text() != rows[r][col])
+                    it->setText(rows[r][col]);
             }
         t->scrollToBottom(); // the newest QSO stays in view
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
         if (s->value() != c->value()) s->setValue(c->value());
+    } else if (auto* t = qobject_cast<QTreeWidget*>(w)) {
+        mirrorTree(c, t);
     }
     mirroring_ = false;
+}
+
+namespace {
+// The node pictures are named by the model; any distinct icons serve.
+QIcon nodeIcon(const QString& name) {
+    static QHash<QString, QIcon> icons;
+    if (icons.isEmpty()) {
+        QStyle* st = QApplication::style();
+        icons.insert(QStringLiteral("closed"), st->standardIcon(QStyle::SP_DirClosedIcon));
+        icons.insert(QStringLiteral("open"), st->standardIcon(QStyle::SP_DirOpenIcon));
+        const std::pair<const char*, const char*> dots[] = {
+            {"bek", "#d2b48c"}, {"lux", "#ffd700"}, {"net", "#4682b4"}};
+        for (const auto& [key, colour] : dots) {
+            QPixmap pm(12, 12);
+            pm.fill(Qt::transparent);
+            QPainter p(&pm);
+            p.setRenderHint(QPainter::Antialiasing);
+            p.setBrush(QColor(QLatin1String(colour)));
+            p.setPen(Qt::darkGray);
+            p.drawEllipse(1, 1, 10, 10);
+            icons.insert(QLatin1String(key), QIcon(pm));
+        }
+    }
+    return icons.value(name);
+}
+} // namespace
+
+// A tree control's nodes: items are the texts (index 1 first); the extra properties "keys",
+// "parents", "images" and "expanded" ("|"-joined, same order) give the shape and pictures.
+void Binder::mirrorTree(Control* c, QTreeWidget* t) {
+    const QStringList texts = c->items();
+    const QStringList keys = c->extra(QStringLiteral("keys")).split('|');
+    const QStringList parents = c->extra(QStringLiteral("parents")).split('|');
+    const QStringList images = c->extra(QStringLiteral("images")).split('|');
+    const QStringList expanded = c->extra(QStringLiteral("expanded")).split('|');
+    std::vector<QTreeWidgetItem*> items;
+    for (QTreeWidgetItemIterator it(t); *it; ++it) items.push_back(*it);
+    bool same = items.size() == size_t(texts.size());
+    for (size_t i = 0; same && i < items.size(); ++i) same = items[i]->text(0) == texts[int(i)];
+    if (!same) {
+        t->clear();
+        items.clear();
+        QHash<QString, QTreeWidgetItem*> byKey;
+        for (int i = 0; i < texts.size(); ++i) {
+            QTreeWidgetItem* parent = byKey.value(parents.value(i), nullptr);
+            auto* it = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(t);
+            it->setText(0, texts[i]);
+            it->setData(0, Qt::UserRole, i + 1);
+            if (!keys.value(i).isEmpty()) byKey.insert(keys[i], it);
+            items.push_back(it);
+        }
+    }
+    for (size_t i = 0; i < items.size(); ++i) {
+        items[i]->setIcon(0, nodeIcon(images.value(int(i))));
+        const bool open = expanded.value(int(i)) == QLatin1String("1");
+        if (items[i]->isExpanded() != open) items[i]->setExpanded(open);
+    }
 }
 
 void Binder::onFocusChanged(Control* c) {
@@ -221,22 +299,37 @@ void Binder::onFocusChanged(Control* c) {
 int Binder::vkCode(int key) {
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::F1 + (key - Qt::Key_F1);
     switch (key) {
-    case Qt::Key_Left: return keys::Left;
-    case Qt::Key_Up: return keys::Up;
-    case Qt::Key_Right: return keys::Right;
-    case Qt::Key_Down: return keys::Down;
-    case Qt::Key_Escape: return keys::Esc;
+    case Qt::Key_Left:
+        return keys::Left;
+    case Qt::Key_Up:
+        return keys::Up;
+    case Qt::Key_Right:
+        return keys::Right;
+    case Qt::Key_Down:
+        return keys::Down;
+    case Qt::Key_Escape:
+        return keys::Esc;
     case Qt::Key_Return:
-    case Qt::Key_Enter: return keys::Enter;
-    case Qt::Key_Backspace: return keys::Backspace;
-    case Qt::Key_Tab: return keys::Tab;
-    case Qt::Key_Delete: return 46;
-    case Qt::Key_Home: return 36;
-    case Qt::Key_End: return 35;
-    case Qt::Key_PageUp: return 33;
-    case Qt::Key_PageDown: return 34;
-    case Qt::Key_Insert: return 45;
-    default: return 0;
+    case Qt::Key_Enter:
+        return keys::Enter;
+    case Qt::Key_Backspace:
+        return keys::Backspace;
+    case Qt::Key_Tab:
+        return keys::Tab;
+    case Qt::Key_Delete:
+        return 46;
+    case Qt::Key_Home:
+        return 36;
+    case Qt::Key_End:
+        return 35;
+    case Qt::Key_PageUp:
+        return 33;
+    case Qt::Key_PageDown:
+        return 34;
+    case Qt::Key_Insert:
+        return 45;
+    default:
+        return 0;
     }
 }
 
@@ -297,7 +390,8 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         return false;
-    default: return false;
+    default:
+        return false;
     }
 }
 

@@ -10,12 +10,13 @@
 class QWidget;
 class QAction;
 class QKeyEvent;
+class QTreeWidget;
 
 namespace hfc {
 
 class Binder : public QObject {
     Q_OBJECT
-public:
+  public:
     explicit Binder(Form* form, QObject* parent = nullptr);
 
     Form* form() const { return form_; }
@@ -30,11 +31,12 @@ public:
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+  private:
     void mirror(Control* c, QWidget* w);
+    void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
 
     Form* form_;

@@ -25,7 +25,9 @@ QLabel* caption(const QString& text, QWidget* parent = nullptr) {
     l->setStyleSheet(QStringLiteral("color: #404040;"));
     return l;
 }
-QString arr(const char* base, int i) { return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i); }
+QString arr(const char* base, int i) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i);
+}
 } // namespace
 
 MainWindow::MainWindow(ContestForm* form, QWidget* parent)
@@ -137,20 +139,26 @@ QWidget* MainWindow::buildEntryLine() {
         const char* head;
         int width;
     };
-    const Col cols[] = {{"txtcall", "Позывной", 150}, {"txtdate", "Дата", 80},
-                        {"txttime", "Время", 70},     {"lblrsts", "Передан", 50},
-                        {"txtrsts", "", 70},          {"lblrstr", "Принят", 50},
-                        {"txtrstr", "", 110},         {"txtmult", nullptr, 60},
-                        {"txtmult2", nullptr, 60},    {"txtpoint", nullptr, 45},
-                        {"txtpoint2", "", 45},        {"txtrepit", "", 80},
+    const Col cols[] = {{"txtcall", "Позывной", 150},
+                        {"txtdate", "Дата", 80},
+                        {"txttime", "Время", 70},
+                        {"lblrsts", "Передан", 50},
+                        {"txtrsts", "", 70},
+                        {"lblrstr", "Принят", 50},
+                        {"txtrstr", "", 110},
+                        {"txtmult", nullptr, 60},
+                        {"txtmult2", nullptr, 60},
+                        {"txtpoint", nullptr, 45},
+                        {"txtpoint2", "", 45},
+                        {"txtrepit", "", 80},
                         {"cmbAdd", "", 60}};
     int c = 0;
     for (const Col& col : cols) {
         QWidget* head = nullptr;
         if (!col.head) {
-            head = binder_->make(QString::fromLatin1(col.name) == "txtmult" ? "lbldxcc"
+            head = binder_->make(QString::fromLatin1(col.name) == "txtmult"    ? "lbldxcc"
                                  : QString::fromLatin1(col.name) == "txtmult2" ? "lblzone"
-                                                                                : "lblpoint");
+                                                                               : "lblpoint");
         } else {
             head = caption(QString::fromUtf8(col.head));
         }
@@ -222,7 +230,8 @@ QWidget* MainWindow::buildKeyerPanel() {
         g->addWidget(binder_->make(arr("TXTSCOR", i)), 1, i);
     }
     g->addWidget(caption(QStringLiteral("CtrF +  ShiftF -")), 2, 0, 1, 4);
-    g->addWidget(caption(QStringLiteral("Ctr или Alt плюс F2-F9 изм.скорость передачи")), 2, 4, 1, 4);
+    g->addWidget(caption(QStringLiteral("Ctr или Alt плюс F2-F9 изм.скорость передачи")), 2, 4, 1,
+                 4);
     g->addWidget(new QLabel(QStringLiteral("F2")), 3, 0);
     g->addWidget(binder_->make("lbltest"), 3, 1, 1, 3);
     g->addWidget(new QLabel(QStringLiteral("F4")), 3, 4);

@@ -12,14 +12,14 @@ class Form;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
-public:
+  public:
     explicit MainWindow(ContestForm* form, QWidget* parent = nullptr);
     Binder* binder() const { return binder_; }
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* e) override;
 
-private:
+  private:
     void buildMenus();
     QWidget* buildEntryLine();
     QWidget* buildScorePanel();

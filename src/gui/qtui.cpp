@@ -13,7 +13,9 @@ Ui::Answer QtUi::msgbox(const QString& text, const QString& title, Buttons butto
     box.setText(text);
     QPushButton *first = nullptr, *second = nullptr;
     switch (buttons) {
-    case Buttons::Ok: first = box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole); break;
+    case Buttons::Ok:
+        first = box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+        break;
     case Buttons::YesNo:
         first = box.addButton(QStringLiteral("Да"), QMessageBox::YesRole);
         second = box.addButton(QStringLiteral("Нет"), QMessageBox::NoRole);
@@ -28,9 +30,12 @@ Ui::Answer QtUi::msgbox(const QString& text, const QString& title, Buttons butto
     box.exec();
     const bool isFirst = box.clickedButton() == first;
     switch (buttons) {
-    case Buttons::Ok: return Answer::Ok;
-    case Buttons::YesNo: return isFirst ? Answer::Yes : Answer::No;
-    case Buttons::OkCancel: return isFirst ? Answer::Ok : Answer::Cancel;
+    case Buttons::Ok:
+        return Answer::Ok;
+    case Buttons::YesNo:
+        return isFirst ? Answer::Yes : Answer::No;
+    case Buttons::OkCancel:
+        return isFirst ? Answer::Ok : Answer::Cancel;
     }
     return Answer::Cancel;
 }

@@ -7,14 +7,14 @@ class QWidget;
 namespace hfc {
 
 class QtUi : public Ui {
-public:
+  public:
     explicit QtUi(QWidget* parent = nullptr) : parent_(parent) {}
     void setParent(QWidget* p) { parent_ = p; }
     Answer msgbox(const QString& text, const QString& title, Buttons buttons) override;
     std::optional<QString> inputbox(const QString& prompt, const QString& title) override;
     QString openFile(const QString& filter) override;
 
-private:
+  private:
     QWidget* parent_;
 };
 

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace hfc;
@@ -55,4 +56,23 @@ TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
     QTest::keyClicks(own, "ua3abc");
     EXPECT_EQ(w.form->TXTNCALL->text(), "UA3ABC");
     EXPECT_EQ(own->text(), "UA3ABC");
+}
+
+TEST(MainWindowGui, CalendarTreeShowsMonthsWithTheirLinesAndClicksReachTheModel) {
+    Window w;
+    w.form->mnupol_Click();
+    QTreeWidget* tree = nullptr;
+    for (QTreeWidget* t : w.win->findChildren<QTreeWidget*>("tvwDb")) tree = t;
+    ASSERT_NE(tree, nullptr);
+    ASSERT_EQ(tree->topLevelItemCount(), 12);
+    QTreeWidgetItem* feb = tree->topLevelItem(1);
+    EXPECT_EQ(feb->text(0), "Февраль");
+    EXPECT_EQ(feb->childCount(), 7);
+    EXPECT_FALSE(feb->icon(0).isNull());
+    feb->setExpanded(true); // the operator opens the month
+    auto* help = w.form->subForm("frmhelp");
+    EXPECT_EQ(help->control("tvwDb")->extra("images").split('|')[10], "open");
+    emit tree->itemClicked(feb->child(3), 0); // CQ 160 SSB
+    EXPECT_EQ(help->getVar("helpcode"), "cq160");
+    EXPECT_EQ(help->getVar("helpmode"), "SSB");
 }

@@ -83,6 +83,7 @@ class Form : public QObject {
     void unload();
     virtual Form* subForm(const QString&) { return nullptr; }
     QStringList tabOrder; // control names; Tab moves along it
+    QString windowTitle;  // the caption of the window
 
     // dialogs
     Ui::Answer msgbox(const QString& text, const QString& title, Ui::Buttons b = Ui::Buttons::Ok);

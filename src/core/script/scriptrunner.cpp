@@ -20,6 +20,8 @@ struct ScriptRunner::Impl {
     FixedClock clock;
     RecordingKeyPort port;
     std::unique_ptr<ContestForm> form;
+    // Keys go to the window the operator is in: the one last opened or focused.
+    Form* active = nullptr;
 
     // Lets the keyer's queued notices (a busy port) reach the window before the next line.
     void settle() {
@@ -69,6 +71,13 @@ bool ScriptRunner::start(const QString& dataDir) {
     env.port = &d->port;
     d->form = std::make_unique<ContestForm>(env);
     d->form->Form_Load();
+    d->active = d->form.get();
+    QObject::connect(d->form.get(), &Form::formOpened, [this](Form* child) {
+        d->active = child;
+        QObject::connect(child, &Form::shownChanged, [this, child](bool shown) {
+            if (!shown && d->active == child) d->active = d->form.get();
+        });
+    });
     return true;
 }
 
@@ -145,7 +154,6 @@ bool ScriptRunner::runLine(const QString& rawLine) {
         d->err << why << ": " << line << "\n";
         return false;
     };
-    ContestForm& f = *d->form;
     try {
         if (cmd == "clock") {
             if (w.size() != 3) return bad("clock needs LOCAL and UTC");
@@ -198,15 +206,14 @@ bool ScriptRunner::runLine(const QString& rawLine) {
             if (!t.form->control(t.name) && !t.form->control(t.name + "(0)"))
                 return bad("unknown name");
             t.form->setFocus(t.name);
+            d->active = t.form;
         } else if (cmd == "type") {
-            Form* target = &f;
-            // typing goes to the window that holds the focus most recently set
-            target->typeText(unescapeTyped(restAfter(line, 1)));
+            d->active->typeText(unescapeTyped(restAfter(line, 1)));
         } else if (cmd == "key") {
             bool ok = false;
             const int code = w.value(1).toInt(&ok);
             if (!ok) return bad("key needs CODE");
-            f.pressKey(code, w.value(2).toInt());
+            d->active->pressKey(code, w.value(2).toInt());
         } else if (cmd == "set") {
             Impl::Target t;
             if (w.size() < 2 || !d->resolve(w[1], t)) return bad("set needs a name");
@@ -278,7 +285,14 @@ bool ScriptRunner::runLine(const QString& rawLine) {
 int ScriptRunner::runScript(const QString& text) {
     const QStringList lines = text.split('\n');
     for (const QString& l : lines) {
-        QCoreApplication::processEvents();
+        try {
+            // A queued notice (a busy key port) may show a dialog that has no answer queued.
+            QCoreApplication::processEvents();
+        } catch (const ScriptAbort& e) {
+            d->err << QString::fromUtf8(e.what()) << "\n";
+            d->out.flush();
+            return 2;
+        }
         if (!runLine(l)) {
             d->out.flush();
             return 2;

@@ -1,5 +1,7 @@
 #include "forms/contest/contestform.h"
 
+#include "contests/catalogue.h"
+
 #include "data/databases.h"
 #include "forms/clock.h"
 
@@ -7,7 +9,8 @@ namespace hfc {
 
 using K = Control::Kind;
 
-ContestForm::ContestForm(const Env& env, QObject* parent) : Form(QStringLiteral("CONTEST"), env, parent) {
+ContestForm::ContestForm(const Env& env, QObject* parent)
+    : Form(QStringLiteral("CONTEST"), env, parent) {
     keyPreview = true; // function keys work wherever the focus is
     createControls();
     registerWindow();
@@ -33,14 +36,7 @@ Db& ContestForm::logDb() {
 }
 
 QStringList ContestForm::contestMenuItems() const {
-    static const QStringList service = {"cmbadd1", "mnudal",   "mnupol",   "cmbotchet", "cmbvur",
-                                        "mnudxcc", "mnuserw",  "mnumzone", "mnumdxcc",  "mnuawto",
-                                        "MNUCW",   "mnuCAT",   "mnuQTC",   "mnudelet",  "mnuwindos",
-                                        "mnurusdx", "mnuprow", "CMBEXIT"};
-    QStringList items;
-    for (const Control* c : controls())
-        if (c->kind() == Control::Kind::Menu && !service.contains(c->name())) items << c->name();
-    return items;
+    return contests::menuOrder();
 }
 
 Form* ContestForm::subForm(const QString& name) {

@@ -217,9 +217,11 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();
+    Keyer* keyer();   // nullptr until the first message
+    int commport = 1; // the panel's COM choice, 1..4
     // rig.cpp
     void mnuCAT_Click();
+    void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
     // qtc.cpp
     void txtqtcnr_KeyPress(Event& e);
     void txtqtc_KeyPress(Event& e);
@@ -229,12 +231,17 @@ class ContestForm : public Form {
     void qtcfill();
     void qtcreset();
     void qtcrefresh();
+    void openQtc(); // F1 in the WAE contest
     // maintenance.cpp
     void cmbvur_Click();
     void mnudelet_Click();
     void mnuwindos_Click();
     void perewod();
     void ANSI2OEM();
+    bool transferLog();        // false, after a message, when the station log cannot take the rows
+    bool clearLog();           // mnudelet_Click's work; false when no backup could be made
+    bool backupLog();          // a dated copy of dbcontest before log rows are deleted
+    bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
     // windows.cpp
     void mnupol_Click();
     void cmbotchet_Click();
@@ -266,6 +273,10 @@ class ContestForm : public Form {
     void registerWindows();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
+    Keyer* ensureKeyer();
+    void showKeyerSpeed();
+    void showPorts();
+    void portBusy();
     QHash<QString, Form*> subForms_;
 };
 

@@ -1,13 +1,118 @@
+// After a contest: transfer of the log into the station log, clearing of the contest database
+// (always after a dated backup), and the Windows-to-DOS code-page conversion of a text file.
+#include "data/backup.h"
+#include "data/databases.h"
+#include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "text/codepage.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
 
 namespace hfc {
 
-void ContestForm::registerMaintenance() {}
+void ContestForm::registerMaintenance() {
+    proc("cmbvur_Click", [this] { cmbvur_Click(); });
+    proc("mnudelet_Click", [this] { mnudelet_Click(); });
+    proc("mnuwindos_Click", [this] { mnuwindos_Click(); });
+    proc("perewod", [this] { perewod(); });
+    proc("ANSI2OEM", [this] { ANSI2OEM(); });
+}
 
-void ContestForm::cmbvur_Click() {}
-void ContestForm::mnudelet_Click() {}
-void ContestForm::mnuwindos_Click() {}
-void ContestForm::perewod() {}
-void ContestForm::ANSI2OEM() {}
+void ContestForm::cmbvur_Click() {
+    if (msgbox(QStringLiteral("Перенести данные в Журнал ?"), QStringLiteral("Сохранение данных"),
+               Ui::Buttons::YesNo) == Ui::Answer::Yes &&
+        !transferLog())
+        return;
+    // Whatever the answer: offer the clearing, empty the QTC table, start the entry afresh.
+    if (!clearLog()) return;
+    mnuQTC_Click();
+    txtrepit->setVisible(false);
+    recount();
+    nextserial();
+}
+
+bool ContestForm::transferLog() {
+    Databases& dbs = *env().db;
+    const QString path = dbs.filePath(QStringLiteral("dbiaru.sqlite"));
+    const auto fail = [&](const QString& why) {
+        msgbox(why + QStringLiteral("\nДанные не перенесены, база соревнований не изменена."),
+               QStringLiteral("Ошибка"));
+        return false;
+    };
+    // The file may have been removed while the program runs; its open handle would still
+    // write into the removed file.
+    if (!dbs.iaru.isOpen() || !QFileInfo::exists(path))
+        return fail(QStringLiteral("Журнал станции не найден: нет файла «%1».").arg(path));
+    if (!dbs.iaru.exists(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' "
+                                        "AND name = 'tbllog1' COLLATE NOCASE")))
+        return fail(QStringLiteral("В журнале станции «%1» нет таблицы tbllog1.").arg(path));
+    // Every contest's rows, ten columns of each; no check for rows transferred before.
+    const Rows rows = logDb().query(QStringLiteral(
+        "SELECT ccall, ddate, ttime, bband, rstr, rsts, contr, QTH, PRF, ps1 FROM tbllog"));
+    try {
+        dbs.iaru.begin();
+        for (const QStringList& r : rows)
+            dbs.iaru.run(QStringLiteral("INSERT INTO tbllog1 (ccall, ddate, ttime, bband, rstr, "
+                                        "rsts, contr, QTH, PRF, ps1) "
+                                        "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)"),
+                         r);
+        dbs.iaru.commit();
+    } catch (const DbError& e) {
+        dbs.iaru.rollback();
+        return fail(QStringLiteral("Ошибка записи в журнал станции «%1»: %2.")
+                        .arg(path, QString::fromUtf8(e.what())));
+    }
+    return true;
+}
+
+void ContestForm::mnudelet_Click() {
+    clearLog();
+}
+
+bool ContestForm::clearLog() {
+    const bool yes =
+        msgbox(QStringLiteral("Очистить Базу соревнований ?"), QStringLiteral("Удаление данных"),
+               Ui::Buttons::YesNo) == Ui::Answer::Yes;
+    // The QTC table is emptied even on No, so its rows need the backup as much as the log's.
+    const bool losesRows =
+        (yes && logDb().exists(QStringLiteral("SELECT 1 FROM tbllog LIMIT 1"))) ||
+        logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1"));
+    if (losesRows && !backupLog()) return false;
+    logBackedUp_ = true;
+    const auto done = qScopeGuard([this] { logBackedUp_ = false; });
+    if (yes) logDb().exec(QStringLiteral("DELETE FROM tbllog"));
+    mnuQTC_Click();
+    return true;
+}
+
+bool ContestForm::backupLog() {
+    const QString folder = env().db->filePath(QStringLiteral("backup"));
+    QString error;
+    if (!backupDatabase(logDb(), folder, QStringLiteral("dbcontest"), env().clock->localNow(),
+                        error)
+             .isEmpty())
+        return true;
+    msgbox(QStringLiteral("Не удалось сохранить копию базы соревнований в папку «%1»: %2.\n"
+                          "Данные не удалены.")
+               .arg(folder, error),
+           QStringLiteral("Ошибка"));
+    return false;
+}
+
+void ContestForm::mnuwindos_Click() {
+    perewod();
+}
+
+void ContestForm::perewod() {
+    perewodfile = env().ui->openFile(QStringLiteral("Text_Files (*.txt)|*.txt|"));
+    if (perewodfile.isEmpty()) return; // cancelled: nothing to convert, no message
+    ANSI2OEM();
+}
+
+void ContestForm::ANSI2OEM() {
+    // Failures end the command silently; a copy named with "1" is left to recover from.
+    ansiToOemFile(perewodfile);
+}
 
 } // namespace hfc

@@ -1,0 +1,117 @@
+#include "reports/standard/qsofields.h"
+#include "text/dates.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace hfc {
+
+namespace {
+
+struct BandEdge {
+    const char* bband;
+    int khz;
+    const char* adif;
+    const char* cabrillo;
+};
+
+constexpr BandEdge kBands[] = {{"1,8", 1800, "160m", "160M"}, {"3,5", 3500, "80m", "80M"},
+                               {"7", 7000, "40m", "40M"},     {"14", 14000, "20m", "20M"},
+                               {"21", 21000, "15m", "15M"},   {"28", 28000, "10m", "10M"}};
+
+const BandEdge* contestBand(const QString& bband) {
+    for (const BandEdge& b : kBands)
+        if (bband == QLatin1String(b.bband)) return &b;
+    return nullptr;
+}
+
+// ADIF band limits in kHz for the bands a band text typed by hand may land in.
+struct AdifRange {
+    int lowKhz, highKhz;
+    const char* name;
+};
+
+constexpr AdifRange kAdifRanges[] = {
+    {1800, 2000, "160m"},    {3500, 4000, "80m"},   {5060, 5450, "60m"},   {7000, 7300, "40m"},
+    {10100, 10150, "30m"},   {14000, 14350, "20m"}, {18068, 18168, "17m"}, {21000, 21450, "15m"},
+    {24890, 24990, "12m"},   {28000, 29700, "10m"}, {50000, 54000, "6m"},  {144000, 148000, "2m"},
+    {420000, 450000, "70cm"}};
+
+// Number of characters of a text made of digits only, else 0.
+int digitCount(const QString& report) {
+    const QString t = report.trimmed();
+    for (const QChar c : t)
+        if (!c.isDigit()) return 0;
+    return int(t.size());
+}
+
+} // namespace
+
+bool isLoggedQso(const LogRow& r) {
+    return !r.ccall.isEmpty() && r.ccall != QLatin1String("\"");
+}
+
+QsoMode qsoMode(const LogRow& r) {
+    if (r.ps1 == QLatin1String("CW")) return QsoMode::Cw;
+    if (r.ps1 == QLatin1String("SSB")) return QsoMode::Ssb;
+    for (const QString* report : {&r.rsts, &r.rstr, &r.rsts1, &r.rstr1}) {
+        const int digits = digitCount(*report);
+        if (digits == 3) return QsoMode::Cw;
+        if (digits == 2) return QsoMode::Ssb;
+    }
+    return QsoMode::Cw;
+}
+
+bool isContestBand(const QString& bband) {
+    return contestBand(bband) != nullptr;
+}
+
+int bandKhz(const QString& bband) {
+    if (const BandEdge* b = contestBand(bband)) return b->khz;
+    QString t = bband.trimmed();
+    t.replace(QLatin1Char(','), QLatin1Char('.'));
+    bool ok = false;
+    const double mhz = t.toDouble(&ok);
+    if (!ok || mhz <= 0 || mhz > 1e6) return 0;
+    return int(std::lround(mhz * 1000));
+}
+
+QString adifBand(const QString& bband) {
+    if (const BandEdge* b = contestBand(bband)) return QLatin1String(b->adif);
+    const int khz = bandKhz(bband);
+    for (const AdifRange& r : kAdifRanges)
+        if (khz >= r.lowKhz && khz <= r.highKhz) return QLatin1String(r.name);
+    return {};
+}
+
+QString cabrilloBandCategory(const QString& bband) {
+    const BandEdge* b = contestBand(bband);
+    return b ? QLatin1String(b->cabrillo) : QString();
+}
+
+QString hhmmOf(const QString& ttime) {
+    const QString t = ttime.trimmed();
+    const QString hhmm = t.contains(QLatin1Char(':')) ? formatTtimeHHMM(t) : t;
+    if (hhmm.size() != 4 || digitCount(hhmm) != 4) return {};
+    if (hhmm.left(2).toInt() > 23 || hhmm.mid(2).toInt() > 59) return {};
+    return hhmm;
+}
+
+QDateTime qsoDateTime(const LogRow& r) {
+    const QDate date = dateFromDdate(r.ddate);
+    const QString hhmm = hhmmOf(r.ttime);
+    if (!date.isValid() || hhmm.isEmpty()) return {};
+    return QDateTime(date, QTime(hhmm.left(2).toInt(), hhmm.mid(2).toInt()), Qt::UTC);
+}
+
+QList<LogRow> inTimeOrder(const QList<LogRow>& rows) {
+    QList<LogRow> sorted = rows;
+    std::stable_sort(sorted.begin(), sorted.end(), [](const LogRow& a, const LogRow& b) {
+        const QDateTime ta = qsoDateTime(a), tb = qsoDateTime(b);
+        if (!tb.isValid()) return ta.isValid();
+        return ta.isValid() && ta < tb;
+    });
+    return sorted;
+}
+
+} // namespace hfc

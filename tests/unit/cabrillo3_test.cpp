@@ -1,0 +1,185 @@
+#include "contests/catalogue.h"
+#include "formatparsers.h"
+#include "reports/standard/cabrillo3.h"
+#include "reports/standard/contestids.h"
+#include "standardfixture.h"
+#include "text/translit.h"
+
+#include <QRegularExpression>
+
+using namespace hfc;
+
+namespace {
+
+StationBoxes station(const char* call, const char* score, const char* name, const char* street,
+                     const char* town, const char* country) {
+    StationBoxes st;
+    st.tcall = call, st.trezult = score, st.tname = QString::fromUtf8(name);
+    st.tadres = QString::fromUtf8(street), st.tgor = QString::fromUtf8(town);
+    st.tstr = QString::fromUtf8(country);
+    return st;
+}
+
+void expectSameLines(const QByteArray& actual, const QByteArray& expected) {
+    const QList<QByteArray> a = actual.split('\n'), e = expected.split('\n');
+    for (qsizetype i = 0; i < std::min(a.size(), e.size()); ++i)
+        EXPECT_EQ(a[i].toStdString(), e[i].toStdString()) << "line " << i + 1;
+    EXPECT_EQ(a.size(), e.size());
+}
+
+QByteArray exportContest(const StationBoxes& st, const char* code) {
+    const QList<LogRow> log = standardRows("log.psv");
+    return cabrillo3File(cabrillo3Defaults(st, code, log), code, log, standardRows("qtc.psv"));
+}
+
+// The fixture rows of a contest that are QSOs, in time order (the fixture's dates and times
+// are such that sorting the "YYYY-MM-DD hh:mm" text sorts them).
+QList<LogRow> expectedQsos(const char* code) {
+    QList<LogRow> qsos;
+    for (const LogRow& r : standardRows("log.psv"))
+        if (r.ps2 == QLatin1String(code) && !r.ccall.isEmpty() && r.ccall != "\"") qsos << r;
+    auto key = [](const LogRow& r) {
+        const QStringList d = r.ddate.split('.');
+        return d[2] + d[1] + d[0] + r.ttime;
+    };
+    std::stable_sort(qsos.begin(), qsos.end(),
+                     [&](const LogRow& a, const LogRow& b) { return key(a) < key(b); });
+    return qsos;
+}
+
+} // namespace
+
+TEST(Cabrillo3, GoldenLogsOfThreeContests) {
+    expectSameLines(
+        exportContest(
+            station("RZ3DXX", "12345", "Иван Петров", "ул. Ленина, 5", "Москва", "Россия"), "cqww"),
+        standardDataFile("cqww.cbr"));
+    expectSameLines(exportContest(station("RZ3DXX", "", "Пётр Щукин", "", "Москва", ""), "rudx"),
+                    standardDataFile("rdxc.cbr"));
+    expectSameLines(
+        exportContest(station("UA9CDE", "840", "Сергей Жуков", "а/я 15", "Екатеринбург", "Россия"),
+                      "wae"),
+        standardDataFile("wae.cbr"));
+}
+
+TEST(Cabrillo3, EveryQsoOfTheContestReadsBackWithItsFields) {
+    const StationBoxes st = station("RZ3DXX", "1", "Иван", "", "", "");
+    for (const char* code : {"cqww", "rudx", "wae", "wpx"}) {
+        SCOPED_TRACE(code);
+        const fmt::CabrilloLog log = fmt::readCabrillo3(exportContest(st, code), 2, 2);
+        EXPECT_TRUE(log.errors.isEmpty()) << log.errors.join('\n').toStdString();
+        const QList<LogRow> expected = expectedQsos(code);
+        ASSERT_EQ(log.qsos.size(), expected.size());
+        for (qsizetype i = 0; i < expected.size(); ++i) {
+            const LogRow& r = expected[i];
+            const fmt::CabrilloQso& q = log.qsos[i];
+            EXPECT_EQ(q.rcvdCall, toAsciiLatin(r.ccall).toUpper());
+            EXPECT_EQ(q.sentCall, "RZ3DXX");
+            EXPECT_EQ(q.sent, QStringList({r.rsts1, r.rsts2}));
+            EXPECT_EQ(q.rcvd[0], r.rstr1);
+            EXPECT_EQ(q.mode, r.rsts.size() == 3 ? "CW" : "PH") << "a dupe keeps its real mode";
+            EXPECT_EQ(q.date.mid(8, 2) + '.' + q.date.mid(5, 2) + '.' + q.date.mid(2, 2), r.ddate);
+            EXPECT_EQ(q.time, QString(r.ttime).remove(':'));
+        }
+    }
+}
+
+TEST(Cabrillo3, WpxLogOutsideTheSixBandsIsStillReadableButFlagged) {
+    // The band "10,1" is written as its frequency, the call's Cyrillic look-alikes as their
+    // transliteration; the check list reports both before writing.
+    const QByteArray file = exportContest(station("rz3dxx", "1", "", "", "", ""), "wpx");
+    EXPECT_TRUE(file.contains("QSO: 10100 CW 2021-05-07 1005 RZ3DXX        599 002    UA3KHYZ"));
+    EXPECT_TRUE(file.contains("CONTEST: CQ-WPX-CW\r\n"));
+}
+
+TEST(Cabrillo3, ChosenCategoriesAndLongTextsStayWithinTheFormat) {
+    const QList<LogRow> log = standardRows("log.psv");
+    Cabrillo3Header h =
+        cabrillo3Defaults(station("R3A/P", "98 765 points", "Анна", "", "", ""), "cqww", log);
+    h.categoryOperator = "MULTI-OP";
+    h.categoryTransmitter = "TWO";
+    h.categoryPower = "HIGH";
+    h.categoryAssisted = "ASSISTED";
+    h.categoryStation = "PORTABLE";
+    h.operators = "R3A UA3AAA";
+    h.name = QString(90, QChar(u'Ж'));
+    h.address = {QString(60, 'x'), "", "2", "3", "4", "5", "6", "7"};
+    const QByteArray file = cabrillo3File(h, "cqww", log, {});
+    const fmt::CabrilloLog read = fmt::readCabrillo3(file, 2, 2);
+    EXPECT_TRUE(read.errors.isEmpty()) << read.errors.join('\n').toStdString();
+    EXPECT_EQ(read.tag("CATEGORY-OPERATOR"), "MULTI-OP");
+    EXPECT_EQ(read.tag("CATEGORY-TRANSMITTER"), "TWO");
+    EXPECT_EQ(read.tag("CLAIMED-SCORE"), "98");
+    EXPECT_EQ(read.tag("OPERATORS"), "R3A UA3AAA");
+    EXPECT_EQ(read.tag("CALLSIGN"), "R3A/P");
+    EXPECT_EQ(read.all("ADDRESS"), QStringList({QString(45, 'x'), "2", "3", "4", "5", "6"}));
+    EXPECT_TRUE(read.tag("NAME").startsWith("ZHZHZH"));
+    // A phone log of a contest with names per mode gets the phone name.
+    h.contest.clear();
+    h.categoryMode = "SSB";
+    EXPECT_TRUE(cabrillo3File(h, "cqww", log, {}).contains("CONTEST: CQ-WW-SSB\r\n"));
+}
+
+TEST(Cabrillo3, DefaultsFollowTheLog) {
+    const QList<LogRow> log = standardRows("log.psv");
+    const StationBoxes st = station("RZ3DXX", "0", "", "", "", "");
+    const Cabrillo3Header rdxc = cabrillo3Defaults(st, "rudx", log);
+    EXPECT_EQ(rdxc.categoryBand, "20M");
+    EXPECT_EQ(rdxc.categoryMode, "MIXED");
+    const Cabrillo3Header cqww = cabrillo3Defaults(st, "cqww", log);
+    EXPECT_EQ(cqww.categoryBand, "ALL");
+    EXPECT_EQ(cqww.categoryMode, "CW");
+    EXPECT_EQ(cqww.contest, "CQ-WW-CW");
+    QList<LogRow> phone = {log[12]}; // one SSB QSO of RDXC on 14
+    EXPECT_EQ(cabrillo3Defaults(st, "rudx", phone).categoryMode, "SSB");
+    EXPECT_EQ(cabrillo3Choices(Cabrillo3Category::Operator).first(), rdxc.categoryOperator);
+}
+
+TEST(Cabrillo3, QtcLinesFollowTheRoleAndAreOnlyForWae) {
+    const QList<LogRow> log = standardRows("log.psv");
+    const QList<LogRow> qtcs = standardRows("qtc.psv");
+    Cabrillo3Header h = cabrillo3Defaults(station("DL0XX", "1", "", "", "", ""), "wae", log);
+    h.qtcRole = QtcRole::Received;
+    const fmt::CabrilloLog read = fmt::readCabrillo3(cabrillo3File(h, "wae", log, qtcs), 2, 2);
+    EXPECT_TRUE(read.errors.isEmpty()) << read.errors.join('\n').toStdString();
+    ASSERT_EQ(read.qtcs.size(), 4);
+    EXPECT_EQ(read.qtcs[0].sender, "DL2CCC");
+    EXPECT_EQ(read.qtcs[0].receiver, "DL0XX");
+    EXPECT_EQ(read.qtcs[3].qtcCall, "DL2CCC");
+    EXPECT_EQ(read.qtcs[3].qtcSerial, "100");
+    EXPECT_FALSE(cabrillo3File(h, "cqww", log, qtcs).contains("QTC:"));
+}
+
+TEST(Cabrillo3, FileNamesDoNotCollide) {
+    EXPECT_EQ(standardExportFileName("RZ3DXX", "log"), "RZ3DXX.log");
+    EXPECT_EQ(standardExportFileName("RZ3DXX/P", "adi"), "RZ3DXX_P.adi");
+    EXPECT_EQ(standardExportFileName("", "adi"), "log.adi");
+}
+
+TEST(ContestTable, CoversEveryCatalogueCode) {
+    QStringList catalogue;
+    for (const contests::Contest& c : contests::catalogue()) catalogue << c.code;
+    ASSERT_EQ(catalogue.size(), 43);
+    EXPECT_EQ(standardContestCodes(), catalogue);
+    // Cabrillo names are upper-case words joined by hyphens; ADIF ids are printable ASCII.
+    static const QRegularExpression cabrillo(QStringLiteral("^[A-Z0-9]+(-[A-Z0-9]+)*$"));
+    static const QRegularExpression adif(QStringLiteral("^[ -~]+$"));
+    for (const QString& code : catalogue) {
+        for (QsoMode m : {QsoMode::Cw, QsoMode::Ssb}) {
+            EXPECT_TRUE(cabrillo.match(cabrilloContestName(code, m)).hasMatch())
+                << code.toStdString();
+            EXPECT_TRUE(adif.match(adifContestId(code, m)).hasMatch()) << code.toStdString();
+        }
+    }
+    EXPECT_EQ(cabrilloContestName("cqww", QsoMode::Ssb), "CQ-WW-SSB");
+    EXPECT_EQ(cabrilloContestName("wpx", QsoMode::Cw), "CQ-WPX-CW");
+    EXPECT_EQ(cabrilloContestName("rudx", QsoMode::Ssb), "RDXC");
+    EXPECT_EQ(cabrilloContestName("iaru", QsoMode::Cw), "IARU-HF");
+    EXPECT_EQ(cabrilloContestName("arrl10", QsoMode::Cw), "ARRL-10");
+    EXPECT_EQ(cabrilloContestName("cq160", QsoMode::Cw), "CQ-160-CW");
+    EXPECT_EQ(cabrilloContestName("wae", QsoMode::Cw), "DARC-WAEDC-CW");
+    EXPECT_EQ(adifContestId("aa", QsoMode::Ssb), "ALL-ASIAN-DX-PHONE");
+    EXPECT_EQ(adifContestId("lzd", QsoMode::Cw), "LZ DX");
+    EXPECT_EQ(cabrilloContestName("hi hi", QsoMode::Cw), "");
+    EXPECT_EQ(standardContest("es"), nullptr) << "codes are compared as the catalogue spells them";
+}

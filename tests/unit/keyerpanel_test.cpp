@@ -1,0 +1,304 @@
+// Function keys, the keyer panel and the CAT link of the main window, keyed on a recording port.
+#include "formfixture.h"
+#include "keyer/keyer.h"
+#include "keyer/keyport.h"
+#include "keyer/serialkeyport.h"
+
+#include <QCoreApplication>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+KeyEvent ev(qint64 t, const char* name, bool v) {
+    return {t, QString::fromLatin1(name), v};
+}
+
+struct KeyerPanelTest : FormFixture {
+    // The keyer's thread hands its notices to the window through the event queue.
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    RecordingKeyPort port;
+
+    void SetUp() override {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+        FormFixture::SetUp();
+        Env env = form->env();
+        env.port = &port;
+        form = std::make_unique<ContestForm>(env);
+        form->Form_Load();
+    }
+    // The keyer's thread uses the port until the window is gone.
+    void TearDown() override {
+        form.reset();
+        app.reset();
+    }
+
+    // What the port saw once the queued messages are out and the window has had its notices.
+    std::vector<KeyEvent> sent() {
+        if (Keyer* k = form->keyer()) k->waitIdle();
+        QCoreApplication::sendPostedEvents();
+        auto events = port.takeEvents();
+        if (!events.empty()) {
+            const qint64 t0 = events.front().time;
+            for (KeyEvent& e : events) e.time -= t0;
+        }
+        return events;
+    }
+    void key(int code, int shift = 0) { form->pressKey(code, shift); }
+};
+
+constexpr int F1 = 112, F2 = 113, F3 = 114, F4 = 115, F5 = 116, F8 = 119, Esc = 27;
+constexpr int ShiftKey = 1, Ctrl = 2, Alt = 4;
+
+TEST_F(KeyerPanelTest, KeyFactorScalesOnlyItsOwnMessage) {
+    // F2 "TEST" at factor 0,5: unit 75000 for the elements, the tail at the bar's 150000.
+    key(F2);
+    EXPECT_EQ(form->cwunit, 150000) << "restored as soon as the message is queued";
+    const std::vector<KeyEvent> test = {
+        ev(0, "PortOpen", true),         ev(0, "RTSEnable", true),
+        ev(0, "DTREnable", true),        ev(225000, "DTREnable", false),  // T
+        ev(450000, "DTREnable", true),   ev(525000, "DTREnable", false),  // E
+        ev(750000, "DTREnable", true),   ev(825000, "DTREnable", false),  // S
+        ev(900000, "DTREnable", true),   ev(975000, "DTREnable", false),  //
+        ev(1050000, "DTREnable", true),  ev(1125000, "DTREnable", false), //
+        ev(1350000, "DTREnable", true),  ev(1575000, "DTREnable", false), // T
+        ev(2250000, "RTSEnable", false), ev(2250000, "PortOpen", false)};
+    EXPECT_EQ(sent(), test);
+    EXPECT_EQ(form->cwtext, "TEST");
+
+    // F3 (factor 1) right after: the bar's unit again.
+    form->TXTNCALL->setText("E");
+    key(F3);
+    const std::vector<KeyEvent> e = {ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
+                                     ev(0, "DTREnable", true),       ev(150000, "DTREnable", false),
+                                     ev(900000, "RTSEnable", false), ev(900000, "PortOpen", false)};
+    EXPECT_EQ(sent(), e);
+}
+
+TEST_F(KeyerPanelTest, EmptyMessageStillKeysPttAndTail) {
+    form->txtf4->setText("");
+    key(F4); // factor 0,75 touches nothing but the tail, which runs at the bar's unit
+    const std::vector<KeyEvent> expected = {ev(0, "PortOpen", true), ev(0, "RTSEnable", true),
+                                            ev(600000, "RTSEnable", false),
+                                            ev(600000, "PortOpen", false)};
+    EXPECT_EQ(sent(), expected);
+    EXPECT_FALSE(port.isOpen());
+}
+
+TEST_F(KeyerPanelTest, SpeedBarSetsUnitAndShowsWpm) {
+    EXPECT_EQ(text("lblwpm"), "27 WPM");
+    form->HScroll1->setValue(100);
+    form->HScroll1_Change();
+    EXPECT_EQ(form->cwunit, 3000);
+    form->HScroll1->setValue(1);
+    form->HScroll1_Change();
+    EXPECT_EQ(form->cwunit, 300000);
+    EXPECT_EQ(text("lblwpm"), "13 WPM");
+    // A message at the new speed: the dot of "E" is one unit.
+    form->TXTNCALL->setText("E");
+    key(F3);
+    const auto events = sent();
+    ASSERT_EQ(events.size(), 6u);
+    EXPECT_EQ(events[3].time - events[2].time, 300000);
+}
+
+TEST_F(KeyerPanelTest, BusyPortShowsMessageAndKeysNothing) {
+    ui.queueAnswer(Ui::Answer::Ok);
+    port.setBusy(true);
+    key(F2);
+    EXPECT_TRUE(sent().empty());
+    EXPECT_EQ(ui.takeShown(), QStringList{"msgbox\tПорт занят\tОшибка !!!\tok"});
+    EXPECT_EQ(form->cwunit, 150000);
+
+    // A line that cannot be set: the port stays open as it was, and the next message reuses it.
+    port.setBusy(false);
+    port.setLinesFail(true);
+    ui.queueAnswer(Ui::Answer::Ok);
+    key(F2);
+    EXPECT_EQ(sent(), std::vector<KeyEvent>{ev(0, "PortOpen", true)});
+    EXPECT_EQ(ui.takeShown().size(), 1);
+    EXPECT_TRUE(port.isOpen());
+    port.setLinesFail(false);
+    key(F2);
+    const auto events = sent();
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.front(), ev(0, "RTSEnable", true));
+    EXPECT_EQ(events.back().name, "PortOpen");
+    EXPECT_TRUE(ui.takeShown().isEmpty());
+}
+
+TEST_F(KeyerPanelTest, EscStopsTheMessageAndDropsTheQueue) {
+    port.holdAt(100000); // inside the first dash of "TEST" (0..225000 at factor 0,5)
+    key(F2);
+    key(F8); // waits behind the first
+    ASSERT_TRUE(port.waitUntilHeld(5000));
+    key(Esc);
+    const std::vector<KeyEvent> expected = {
+        ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
+        ev(0, "DTREnable", true),       ev(100000, "DTREnable", false),
+        ev(100000, "RTSEnable", false), ev(100000, "PortOpen", false)};
+    EXPECT_EQ(sent(), expected);
+    EXPECT_EQ(form->cwunit, 150000);
+    // Esc with nothing being sent does nothing to the port.
+    key(Esc);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(KeyerPanelTest, FurtherMessagesWaitForTheOneBeingSent) {
+    form->TXTNCALL->setText("E");
+    key(F3);
+    key(F8);
+    const auto events = sent();
+    std::vector<QString> opens;
+    for (const KeyEvent& e : events)
+        if (e.name == "PortOpen") opens.push_back(e.value ? "open" : "close");
+    EXPECT_EQ(opens, (std::vector<QString>{"open", "close", "open", "close"}));
+}
+
+TEST_F(KeyerPanelTest, F5SendsReportAndSerialWithCutZeros) {
+    form->txtrsts->setText("001");
+    form->lblNul_Click(); // O -> Ноль
+    form->lblNul_Click(); // Ноль -> T
+    EXPECT_EQ(form->nulchar, "t");
+    key(F5);
+    EXPECT_EQ(form->cwtext, "5NNtt1");
+    EXPECT_EQ(form->cutnumber, "tt1");
+    EXPECT_FALSE(sent().empty());
+
+    form->lblNul_Click(); // T -> O
+    EXPECT_EQ(text("lblNul"), "Ноль = O");
+    form->txtrsts->setText("100");
+    form->lblrsts->setText("579");
+    key(F5);
+    EXPECT_EQ(form->cwtext, "579 1oo");
+    form->lblNul_Click();
+    EXPECT_EQ(text("lblNul"), "Ноль = Ноль");
+    form->lblrsts->setText("509");
+    key(F5);
+    EXPECT_EQ(form->cwtext, "509 100");
+}
+
+TEST_F(KeyerPanelTest, MessagesComeFromTheirFields) {
+    form->txtcall->setText("DL1ABC");
+    form->txtf7->setText("TU");
+    form->txtf9->setText("AGN");
+    key(117);
+    EXPECT_EQ(form->cwtext, "DL1ABC");
+    key(118);
+    EXPECT_EQ(form->cwtext, "TU");
+    key(F8);
+    EXPECT_EQ(form->cwtext, "QSO B4");
+    key(120);
+    EXPECT_EQ(form->cwtext, "AGN");
+    sent();
+    key(121); // F10 sends nothing
+    key(65);
+    EXPECT_EQ(form->cwtext, "AGN");
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(KeyerPanelTest, CtrlAndShiftStepTheFactorsAndSendNothing) {
+    for (int i = 0; i < 3; ++i) key(F2, Ctrl);
+    EXPECT_EQ(text("TXTSCOR(0)"), "1,25");
+    key(F3, ShiftKey);
+    EXPECT_EQ(text("TXTSCOR(1)"), "0,75");
+    key(F4, ShiftKey);
+    EXPECT_EQ(text("TXTSCOR(2)"), "0,5");
+    key(F4, ShiftKey);
+    EXPECT_EQ(text("TXTSCOR(2)"), "0,25");
+    key(F4, ShiftKey); // never zero
+    EXPECT_EQ(text("TXTSCOR(2)"), "1");
+    // Alt (named on the panel) and combinations change nothing and send nothing.
+    key(F4, Alt);
+    key(F4, Ctrl | ShiftKey);
+    EXPECT_EQ(text("TXTSCOR(2)"), "1");
+    EXPECT_TRUE(form->cwtext.isEmpty());
+    EXPECT_EQ(form->keyer(), nullptr);
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(KeyerPanelTest, F1OpensQtcOnlyInWae) {
+    form->txtcall->setText("DL1ABC");
+    form->txttime->setText("12:34:56");
+    form->curband = "14";
+    key(F1);
+    EXPECT_FALSE(form->FRQTC->visible());
+    form->contestcode = "wae";
+    key(F1, ShiftKey);
+    EXPECT_FALSE(form->FRQTC->visible());
+    key(F1);
+    EXPECT_TRUE(form->FRQTC->visible());
+    EXPECT_EQ(text("txtqtccall"), "DL1ABC");
+    EXPECT_EQ(text("txtqtctime"), "12:34");
+    EXPECT_EQ(text("txtqtcband"), "14");
+    EXPECT_EQ(form->focusName(), "txtqtcnr");
+    EXPECT_TRUE(sent().empty());
+}
+
+TEST_F(KeyerPanelTest, PanelMenuAndPortChoice) {
+    form->TXTNCALL->setText("UA3AAA");
+    form->MNUCW_Click();
+    EXPECT_TRUE(form->frCW->visible());
+    EXPECT_EQ(text("LblPoz"), "UA3AAA");
+    form->MNUCW_Click();
+    EXPECT_FALSE(form->frCW->visible());
+
+    form->click("Option1(2)");
+    form->TXTNCALL->setText("E");
+    key(F3);
+    sent();
+    EXPECT_EQ(port.lastCommPort(), 3);
+    form->click("Option1(0)");
+    key(F3);
+    sent();
+    EXPECT_EQ(port.lastCommPort(), 1);
+}
+
+TEST_F(KeyerPanelTest, PortsLabelShowsTheDevicesOfARealPort) {
+    EXPECT_EQ(text("lblports"), "") << "the recording port has no devices";
+    SerialKeyPort serial({"/dev/ttyUSB0", "/dev/ttyS1"});
+    Env env = form->env();
+    env.port = &serial;
+    ContestForm other(env);
+    EXPECT_EQ(other.lblports->text(), "COM1 /dev/ttyUSB0   COM2 /dev/ttyS1   COM3 нет   COM4 нет");
+}
+
+TEST_F(KeyerPanelTest, CatBlockIsEmittedOnlyWithTheLinkOn) {
+    QByteArray emitted;
+    int emissions = 0;
+    QObject::connect(form.get(), &ContestForm::catEmitted, [&](const QByteArray& b) {
+        emitted = b;
+        ++emissions;
+    });
+    form->curband = "14";
+    for (int b : {0, 80, 65, 1, 10}) form->catcmd += QChar(b);
+
+    form->emitCatOnBandEnter(3);
+    EXPECT_EQ(emissions, 0);
+    EXPECT_EQ(text("lblcat"), "");
+    EXPECT_EQ(text("cmbwsego"), "14MHz");
+    EXPECT_EQ(form->bandprev, 3);
+
+    form->setFocus("txtrstr");
+    form->mnuCAT_Click();
+    EXPECT_EQ(text("mnuCAT"), "CAT FT1000MP вкл");
+    EXPECT_EQ(form->focusName(), "txtcall");
+    form->curband = "sat"; // keeps the block of the band before
+    form->emitCatOnBandEnter(6);
+    EXPECT_EQ(emissions, 1);
+    EXPECT_EQ(emitted, QByteArray("\x00\x50\x41\x01\x0a", 5));
+    EXPECT_EQ(text("lblcat"), "CAT: 0 80 65 1 10");
+    EXPECT_EQ(text("cmbwsego"), "satMHz");
+    EXPECT_EQ(form->bandprev, 6);
+
+    form->mnuCAT_Click();
+    EXPECT_EQ(text("mnuCAT"), "CAT FT1000MP выкл");
+    form->emitCatOnBandEnter(2);
+    EXPECT_EQ(emissions, 1);
+}
+
+} // namespace

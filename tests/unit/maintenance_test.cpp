@@ -1,0 +1,220 @@
+// Transfer into the station log, clearing (with its backup) and code-page conversion.
+#include "formfixture.h"
+#include "text/codepage.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+const QString kTransferAsk = "msgbox\tПеренести данные в Журнал ?\tСохранение данных\tyesno";
+const QString kClearAsk = "msgbox\tОчистить Базу соревнований ?\tУдаление данных\tyesno";
+
+Ui::Answer yn(bool yes) {
+    return yes ? Ui::Answer::Yes : Ui::Answer::No;
+}
+
+QByteArray readFile(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(bytes);
+}
+
+} // namespace
+
+struct MaintenanceTest : FormFixture {
+    void SetUp() override {
+        FormFixture::SetUp();
+        fill();
+    }
+    void fill() {
+        // two contests' rows: the transfer and the clearing take every contest
+        for (const char* c : {"cqww", "wae"})
+            db.contest.run("INSERT INTO tbllog (ccall, ddate, ttime, bband, mode, rsts, rstr, "
+                           "mult, point, contr, PRF, QTH, ps1, ps2) VALUES ('UA3ABC', '30.11.02', "
+                           "'12:01', '14', 'CW', '59916', '59914', 'UA', '1', '14', 'UA3', 'MA', "
+                           "'x1', ?1)",
+                           {c});
+        db.contest.run("INSERT INTO tbllogTemp (ccall, ps2, contr) VALUES ('DL1AA', '1200 UA3A', "
+                       "'599')");
+    }
+    int rows(Db& d, const char* table) {
+        return d.count(QStringLiteral("SELECT * FROM %1").arg(table));
+    }
+    QStringList backups() {
+        return QDir(dir.path() + "/backup").entryList({"*.sqlite"}, QDir::Files, QDir::Name);
+    }
+    void vur(bool transfer, bool clear) {
+        ui.queueAnswer(yn(transfer));
+        ui.queueAnswer(yn(clear));
+        form->cmbvur_Click();
+    }
+};
+
+TEST_F(MaintenanceTest, TransferCopiesTenColumnsOfEveryRowThenClears) {
+    form->txtrepit->setVisible(true);
+    vur(true, true);
+    EXPECT_EQ(ui.takeShown(), QStringList({kTransferAsk, kClearAsk}));
+    const Rows want(
+        2, {"UA3ABC", "30.11.02", "12:01", "14", "59914", "59916", "14", "MA", "UA3", "x1"});
+    EXPECT_EQ(db.iaru.query("SELECT ccall, ddate, ttime, bband, rstr, rsts, contr, QTH, PRF, ps1 "
+                            "FROM tbllog1"),
+              want);
+    EXPECT_EQ(rows(db.contest, "tbllog"), 0);
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0);
+    EXPECT_FALSE(form->txtrepit->visible());
+}
+
+TEST_F(MaintenanceTest, EveryAnswerCombination) {
+    for (bool transfer : {false, true})
+        for (bool clear : {false, true}) {
+            SCOPED_TRACE(
+                QStringLiteral("transfer %1 clear %2").arg(transfer).arg(clear).toStdString());
+            db.iaru.exec("DELETE FROM tbllog1");
+            db.contest.exec("DELETE FROM tbllog");
+            fill();
+            vur(transfer, clear);
+            EXPECT_EQ(ui.takeShown(), QStringList({kTransferAsk, kClearAsk}));
+            EXPECT_EQ(rows(db.iaru, "tbllog1"), transfer ? 2 : 0);
+            EXPECT_EQ(rows(db.contest, "tbllog"), clear ? 0 : 2);
+            EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0); // emptied whatever the answers
+        }
+}
+
+TEST_F(MaintenanceTest, TransferringTwiceCopiesEveryRowTwice) {
+    vur(true, false);
+    vur(true, false);
+    EXPECT_EQ(rows(db.iaru, "tbllog1"), 4);
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+}
+
+TEST_F(MaintenanceTest, MissingStationLogStopsTheCommandAndChangesNothing) {
+    db.iaru.exec("DROP TABLE tbllog1");
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->cmbvur_Click();
+    QStringList shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_EQ(shown[0], kTransferAsk);
+    EXPECT_TRUE(shown[1].startsWith("msgbox\tВ журнале станции")) << shown[1].toStdString();
+    EXPECT_TRUE(shown[1].contains("tbllog1"));
+    EXPECT_TRUE(shown[1].endsWith("\tОшибка\tok"));
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 1);
+    EXPECT_TRUE(backups().isEmpty());
+
+    ASSERT_TRUE(QFile::remove(dir.path() + "/dbiaru.sqlite"));
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->cmbvur_Click();
+    shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_TRUE(shown[1].contains("dbiaru.sqlite")) << shown[1].toStdString();
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 1);
+}
+
+TEST_F(MaintenanceTest, ClearingAnsweredNoStillEmptiesTheQtcTable) {
+    ui.queueAnswer(Ui::Answer::No);
+    form->mnudelet_Click();
+    EXPECT_EQ(ui.takeShown(), QStringList({kClearAsk}));
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0);
+    // the QTC rows went into a backup first
+    ASSERT_EQ(backups().size(), 1);
+    Db copy;
+    copy.open(dir.path() + "/backup/" + backups()[0], false);
+    EXPECT_EQ(copy.count("SELECT * FROM tbllogTemp"), 1);
+    // nothing left to lose: no further backup
+    ui.queueAnswer(Ui::Answer::No);
+    form->mnudelet_Click();
+    EXPECT_EQ(backups().size(), 1);
+}
+
+TEST_F(MaintenanceTest, ClearingLeavesAReadableDatedBackupAndNeverOverwritesOne) {
+    ui.queueAnswer(Ui::Answer::Yes);
+    form->mnudelet_Click();
+    EXPECT_EQ(rows(db.contest, "tbllog"), 0);
+    ASSERT_EQ(backups(), QStringList({"dbcontest-20021130-150500.sqlite"}));
+    {
+        Db copy;
+        copy.open(dir.path() + "/backup/dbcontest-20021130-150500.sqlite", false);
+        EXPECT_EQ(copy.column("SELECT ps2 FROM tbllog ORDER BY ps2"), QStringList({"cqww", "wae"}));
+        EXPECT_EQ(copy.count("SELECT * FROM tbllogTemp"), 1);
+        EXPECT_EQ(copy.scalar("PRAGMA integrity_check"), "ok");
+    }
+    // a second clearing in the same second keeps the first copy
+    addRow("DL1AA", "7", "cqww");
+    ui.queueAnswer(Ui::Answer::Yes);
+    form->mnudelet_Click();
+    EXPECT_EQ(backups(), QStringList({"dbcontest-20021130-150500-2.sqlite",
+                                      "dbcontest-20021130-150500.sqlite"}));
+    Db first;
+    first.open(dir.path() + "/backup/dbcontest-20021130-150500.sqlite", false);
+    EXPECT_EQ(first.count("SELECT * FROM tbllog"), 2);
+}
+
+TEST_F(MaintenanceTest, NoBackupNoDeletion) {
+    writeFile(dir.path() + "/backup", "in the way"); // the folder cannot be made
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::No);
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->cmbvur_Click();
+    const QStringList shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 3);
+    EXPECT_TRUE(shown[2].startsWith("msgbox\tНе удалось сохранить копию базы соревнований"))
+        << shown[2].toStdString();
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 1);
+    // the menu's own QTC clearing is refused the same way
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->mnuQTC_Click();
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 1);
+}
+
+TEST_F(MaintenanceTest, QtcClearingBacksUpItsRows) {
+    form->mnuQTC_Click();
+    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0);
+    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
+    EXPECT_EQ(backups().size(), 1);
+    EXPECT_TRUE(ui.takeShown().isEmpty());
+}
+
+TEST_F(MaintenanceTest, ConversionRewritesTheFileInDosCodePage) {
+    const QString path = dir.path() + "/report.txt";
+    writeFile(path, toWin1251("Привет, мир\r\nUA3A 599\nпоследняя"));
+    writeFile(dir.path() + "/report1.txt", "stale copy");
+    ui.queueFile(path);
+    form->mnuwindos_Click();
+    EXPECT_EQ(ui.takeShown(), QStringList({"open_file\tText_Files (*.txt)|*.txt|"}));
+    EXPECT_EQ(form->perewodfile, path);
+    const QByteArray want = QByteArray("\x8f\xe0\xa8\xa2\xa5\xe2, \xac\xa8\xe0\r\n"
+                                       "UA3A 599\r\n"
+                                       "\xaf\xae\xe1\xab\xa5\xa4\xad\xef\xef\r\n");
+    EXPECT_EQ(readFile(path), want);
+    EXPECT_FALSE(QFile::exists(dir.path() + "/report1.txt"));
+}
+
+TEST_F(MaintenanceTest, ConversionOfANameWithoutExtensionAndACancelledDialog) {
+    const QString path = dir.path() + "/REPORT";
+    writeFile(path, toWin1251("Дом\n"));
+    ui.queueFile(path);
+    form->mnuwindos_Click();
+    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n"));
+    EXPECT_FALSE(QFile::exists(dir.path() + "/RE1PORT"));
+    // cancelled: nothing happens, no message
+    ui.takeShown();
+    ui.queueFile("");
+    form->mnuwindos_Click();
+    EXPECT_EQ(ui.takeShown().size(), 1);
+    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n"));
+}
