@@ -235,3 +235,20 @@ TEST_F(CommitTest, TheShownWorkedListIsRefilledInItsContestsScope) {
     form->wwodadd(); // stored with rsts "599" (CW), which the sent-report box shows
     EXPECT_EQ(form->List1->items(), QStringList({"VK2", "ZL1"})); // this report, all bands
 }
+
+TEST_F(CommitTest, LogGridCatchesUpWithChangesMadeElsewhere) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww");
+    form->setFocus("txtrstr");
+    form->setFocus("txtcall");
+    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
+    db.contest.run("DELETE FROM tbllog");
+    typeCall("F5ABC");
+    form->wwodadd(); // the grid missed the clearing: rebuilt, not appended to
+    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
+    EXPECT_EQ(form->DBGrid3->rows()[0][0], "F5ABC");
+    addRow("G4ABC", "14", "cqww");
+    form->setFocus("txtrstr");
+    form->setFocus("txtcall");
+    EXPECT_EQ(form->DBGrid3->rows().size(), 2u);
+}

@@ -18,6 +18,12 @@ const QStringList& grid3Fields() {
     return f;
 }
 
+// Rows changed on the log's connection so far: a change the grid did not make itself (a
+// clearing, a transfer, a script's SQL) shows as a difference.
+qint64 changesOf(Db& db) {
+    return sqlite3_total_changes64(db.handle());
+}
+
 const QString& grid3Select() {
     static const QString sql = QStringLiteral("SELECT rowid, ") +
                                grid3Fields().join(QStringLiteral(", ")) +
@@ -128,11 +134,17 @@ void ContestForm::refreshLogGrid() {
     }
     s.reset();
     DBGrid3->setRows(std::move(rows));
+    grid3changes = changesOf(logDb());
+}
+
+bool ContestForm::logGridStale() {
+    return grid3contest != contestcode || grid3changes != changesOf(logDb());
 }
 
 void ContestForm::appendLogGridRow(qint64 rowid) {
-    // A grid that shows another contest is rebuilt whole; otherwise the new row is added below.
-    if (grid3contest != contestcode) {
+    // A grid that shows another contest or missed a change is rebuilt whole; otherwise the new
+    // row is added below.
+    if (grid3contest != contestcode || grid3changes + 1 != changesOf(logDb())) {
         refreshLogGrid();
         return;
     }
@@ -141,6 +153,7 @@ void ContestForm::appendLogGridRow(qint64 rowid) {
     if (r.empty()) return;
     grid3rowids.push_back(rowid);
     DBGrid3->appendRow(r[0].mid(1));
+    grid3changes = changesOf(logDb());
 }
 
 void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& value) {
@@ -164,6 +177,7 @@ void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& va
                 {upper, QString::number(grid3rowids[row])});
     for (int i = 0; i < fields.size(); ++i)
         if (fields[i] == field) DBGrid3->setCell(row, i, upper);
+    grid3changes = changesOf(logDb());
 }
 
 } // namespace hfc

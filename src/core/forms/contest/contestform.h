@@ -198,7 +198,9 @@ class ContestForm : public Form {
     void appendLogGridRow(qint64 rowid);
     std::vector<qint64> grid3rowids; // tbllog rowid of each DBGrid3 row
     QString grid3contest;            // the contest DBGrid3 shows
-    QDateTime firstqso;              // the first QSO of this run
+    qint64 grid3changes = -1;        // the log's change count when DBGrid3 was last in step
+    bool logGridStale();
+    QDateTime firstqso; // the first QSO of this run
     // bands.cpp
     void cmbband_Click(int index);
     void cmbband_GotFocus(int index);

@@ -66,7 +66,7 @@ void ContestForm::txtcall_KeyUp(Event& e) {
 void ContestForm::txtcall_GotFocus() {
     nextserial();
     recount();
-    if (grid3contest != contestcode) refreshLogGrid();
+    if (logGridStale()) refreshLogGrid();
     // A new QSO starts with clean points and exchange; a call being corrected keeps them.
     if (txtcall->text().isEmpty()) {
         txtpoint->setText(QString());
