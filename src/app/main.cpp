@@ -5,12 +5,20 @@
 #include "keyer/serialkeyport.h"
 #include "mainwindow.h"
 #include "qtui.h"
+#include "reports/exportcommand.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QSettings>
+#include <cstring>
 
 int main(int argc, char** argv) {
+    // `hfcontest export ...` writes a report file without opening a window.
+    if (argc > 1 && std::strcmp(argv[1], "export") == 0) {
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout), err(stderr);
+        return hfc::runExportCommand(app.arguments().mid(2), out, err);
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("hfcontest"));
     QString dataDir;

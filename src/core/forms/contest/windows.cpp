@@ -1,7 +1,9 @@
 #include "forms/contest/contestform.h"
 
+#include "data/databases.h"
 #include "forms/dxcc1/dxcc1form.h"
 #include "forms/frmhelp/frmhelpform.h"
+#include "forms/otchet/otchetform.h"
 #include "forms/rusdx/rusdxform.h"
 
 namespace hfc {
@@ -20,6 +22,7 @@ void openWindow(ContestForm& owner, Form* w) {
 
 void ContestForm::registerWindows() {
     proc("mnupol_Click", [this] { mnupol_Click(); });
+    proc("cmbotchet_Click", [this] { cmbotchet_Click(); });
     proc("mnudxcc_Click", [this] { mnudxcc_Click(); });
     proc("mnurusdx_Click", [this] { mnurusdx_Click(); });
 }
@@ -31,7 +34,22 @@ void ContestForm::mnupol_Click() {
     openWindow(*this, w);
 }
 
-void ContestForm::cmbotchet_Click() {}
+// The report window prints the contest title kept with the station data, so the current title
+// is stored before the window opens.
+void ContestForm::cmbotchet_Click() {
+    tcont->setText(LBLCONTEST->text());
+    try {
+        logDb().run(QStringLiteral("UPDATE tbltit SET contest = ?1"), {tcont->text()});
+    } catch (const DbError&) {
+        // The window still opens; its own title box can be filled in by hand.
+    }
+    Form* w = subForms_.value("otchet");
+    if (!w) {
+        const auto currentContest = [this] { return contestcode; };
+        subForms_.insert("otchet", w = new OtchetForm(env(), currentContest, this));
+    }
+    openWindow(*this, w);
+}
 
 void ContestForm::mnudxcc_Click() {
     Form* w = subForms_.value("dxcc1");

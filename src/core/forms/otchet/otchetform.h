@@ -1,0 +1,70 @@
+#pragma once
+// The report window otchet as a headless model: the station data kept in tbltit, a band table
+// recounted from the log each time the window becomes active, the output folder and the four
+// buttons that write the report files.
+//   otchetform.cpp     controls, activation (recount, date range), folder list, exit
+//   writerbuttons.cpp  the Cabrillo, ADIF, .LOG and .SUM buttons
+#include "forms/form.h"
+#include "reports/writers.h"
+
+#include <array>
+#include <functional>
+
+namespace hfc {
+
+class BoundRow;
+
+class OtchetForm : public Form {
+    Q_OBJECT
+  public:
+    // currentContest gives the main window's contest code at the moment of activation.
+    OtchetForm(const Env& env, std::function<QString()> currentContest, QObject* parent = nullptr);
+    ~OtchetForm() override;
+
+    static constexpr int BandRows = 7; // 1,8 3,5 7 14 21 28 sat
+    static constexpr int CountedRows = 6;
+
+    // ---------------------------------------------------------------- controls
+    Control *Frame1, *tcont, *tcall, *tpod, *tname, *tadres, *tgor, *tstr; // station (tbltit)
+    std::array<Control*, BandRows> lblb{}, tq{}, tdx{}, tz{}, tp{};        // band table (rezult)
+    Control *tqtot, *tdxtot, *tztot, *tptot, *trezult;
+    Control *lq, *ld, *lz, *lp, *Label17;
+    Control *lblrez1, *Text3, *lblrez2, *Text2, *lblrez3, *Text1; // "Rezult. =(" m1 + m2 ") X" p
+    Control* Text4;                                               // date range of the log
+    Control *Frame2, *Dir1, *txtput;                              // output folder
+    Control *Ccabrila, *cmbAdif, *cmbreport, *cmbtit, *Command1;
+    Control* lblstatus; // whether the last file was written, and where
+
+    // ---------------------------------------------------------------- form-level state
+    QString contestcode; // the main window's code, copied at activation
+
+    // The outcome of the last writer button, for callers that are not looking at the window.
+    bool lastWriteOk = false;
+    QString lastWritePath;
+
+    // ---------------------------------------------------------------- handlers
+    void Form_Activate();
+    void Dir1_MouseDown();
+    void Command1_Click();
+    void Ccabrila_Click();
+    void cmbAdif_Click();
+    void cmbreport_Click();
+    void cmbtit_Click();
+
+  private:
+    void createControls();
+    void registerHandlers();
+    void captionButtons();
+    void recount();
+    void showDateRange();
+    // writerbuttons.cpp
+    StationBoxes stationBoxes() const;
+    SummaryBoxes summaryBoxes() const;
+    void writeReport(const QString& extension, const std::function<QByteArray()>& build);
+
+    std::function<QString()> currentContest_;
+    BoundRow* station_ = nullptr; // tbltit
+    BoundRow* score_ = nullptr;   // rezult
+};
+
+} // namespace hfc

@@ -1,0 +1,78 @@
+// The four buttons of the report window that write the report files into the chosen folder.
+#include "data/databases.h"
+#include "forms/otchet/otchetform.h"
+#include "reports/reportfiles.h"
+
+namespace hfc {
+
+StationBoxes OtchetForm::stationBoxes() const {
+    StationBoxes st;
+    st.tcall = tcall->text();
+    st.trezult = trezult->text();
+    st.tname = tname->text();
+    st.tadres = tadres->text();
+    st.tgor = tgor->text();
+    st.tstr = tstr->text();
+    st.tcont = tcont->text();
+    st.tpod = tpod->text();
+    st.Text4 = Text4->text();
+    return st;
+}
+
+SummaryBoxes OtchetForm::summaryBoxes() const {
+    SummaryBoxes b;
+    b.st = stationBoxes();
+    for (int i = 0; i < BandRows; ++i) {
+        b.tq[i] = tq[i]->text();
+        b.tdx[i] = tdx[i]->text();
+        b.tz[i] = tz[i]->text();
+        b.tp[i] = tp[i]->text();
+    }
+    b.tqtot = tqtot->text();
+    b.tdxtot = tdxtot->text();
+    b.tztot = tztot->text();
+    b.tptot = tptot->text();
+    b.Text1 = Text1->text();
+    b.Text2 = Text2->text();
+    b.Text3 = Text3->text();
+    return b;
+}
+
+// A writer never interrupts the operator with a message box, whatever goes wrong; but a file
+// that was not written must not pass for one that was, so the outcome goes into lblstatus,
+// where the window shows it quietly. Nothing here changes the log.
+void OtchetForm::writeReport(const QString& extension, const std::function<QByteArray()>& build) {
+    txtput->setText(withTrailingSlash(txtput->text()));
+    const QString path = txtput->text() + tcall->text() + extension;
+    bool ok = false;
+    try {
+        ok = writeReportFile(path, build());
+    } catch (const DbError&) {
+    }
+    lastWriteOk = ok;
+    lastWritePath = path;
+    lblstatus->setText(ok ? QStringLiteral("Файл записан: ") + path
+                          : QStringLiteral("Не удалось записать файл: ") + path);
+}
+
+// Cabrillo and ADIF share the file named after the callsign: each replaces the other's file.
+void OtchetForm::Ccabrila_Click() {
+    writeReport(
+        {}, [this] { return cabrilloFile(stationBoxes(), logInReportOrder(env().db->contest)); });
+}
+
+void OtchetForm::cmbAdif_Click() {
+    writeReport({}, [this] { return adifFile(logInReportOrder(env().db->contest)); });
+}
+
+void OtchetForm::cmbreport_Click() {
+    writeReport(QStringLiteral(".LOG"),
+                [this] { return logListing(contestcode, logInReportOrder(env().db->contest)); });
+}
+
+// The summary prints what the window shows; it does not read the log.
+void OtchetForm::cmbtit_Click() {
+    writeReport(QStringLiteral(".SUM"), [this] { return summarySheet(summaryBoxes()); });
+}
+
+} // namespace hfc

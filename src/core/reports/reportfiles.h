@@ -1,0 +1,24 @@
+#pragma once
+// What the report writers need from outside: the log in report order and a safe way to put
+// a finished file on disk.
+#include "reports/logrow.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+namespace hfc {
+
+class Db;
+
+// The SQL every report reads the log with: by date value, then time text, then sent exchange.
+extern const char* const kReportOrderSql;
+
+// Every tbllog row in report order; NULL fields come back empty. Throws DbError.
+QList<LogRow> logInReportOrder(Db& contest);
+
+// Writes a whole file, replacing an existing one only once the new content is complete, so a
+// full disk or a vanished folder never leaves a half-written report behind. False on failure.
+bool writeReportFile(const QString& path, const QByteArray& bytes);
+
+} // namespace hfc
