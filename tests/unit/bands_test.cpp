@@ -193,5 +193,5 @@ TEST_F(BandsTest, EnterEmitsTheFrequencyCommandOnlyWithTheLinkOn) {
     form->typeText("\r");
     ASSERT_EQ(sent.size(), 1);
     EXPECT_EQ(sent[0], QByteArray("\x00\x10\x40\x01\x0a", 5));
-    EXPECT_EQ(text("lblcat"), "0 16 64 1 10");
+    EXPECT_EQ(text("lblcat"), "CAT: 0 16 64 1 10");
 }

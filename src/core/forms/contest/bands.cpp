@@ -64,19 +64,7 @@ void ContestForm::cmbband_KeyPress(Event& e) {
     if (!cmbband[e.index]->checked() || curband != cmbband[e.index]->text())
         click(cmbband[e.index]);
     // Enter confirms the band: the totals show it, the transceiver gets its frequency.
-    cmbwsego->setText(cmbband[e.index]->text() + QStringLiteral("MHz"));
-    if (mnuCAT->text() == QStringLiteral("CAT FT1000MP вкл")) {
-        QByteArray block;
-        QStringList shown;
-        for (const QChar c : catcmd) {
-            block.append(char(c.unicode()));
-            shown << QString::number(c.unicode());
-        }
-        lblcat->setText(shown.join(QLatin1Char(' ')));
-        emit catEmitted(block);
-    }
-    bandprev = e.index;
-    if (contestcode == QLatin1String("sac")) SAC2();
+    emitCatOnBandEnter(e.index);
     // The operator chose the band to log on it: typing goes on in the callsign box.
     setFocus(txtcall);
 }
