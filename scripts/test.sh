@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Builds everything twice (plain, and with ASan+UBSan) and runs every test through CTest.
+# Checks formatting and static analysis, builds everything twice (plain, and with ASan+UBSan)
+# and runs every test through CTest.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/deps.sh
+./scripts/lint.sh
 jobs=$(nproc)
 cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Debug >/dev/null
 cmake --build build -j "$jobs"

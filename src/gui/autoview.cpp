@@ -4,8 +4,8 @@
 #include "forms/form.h"
 
 #include <QFormLayout>
-#include <QHash>
 #include <QGridLayout>
+#include <QHash>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>

@@ -3,6 +3,7 @@
 #include "autoview.h"
 #include "binder.h"
 #include "forms/contest/contestform.h"
+#include "otchetview.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -274,7 +275,9 @@ QWidget* MainWindow::buildQtcFrame() {
 
 void MainWindow::openSubWindow(Form* child) {
     if (subWindows_.contains(child)) return;
-    auto* view = new AutoView(child, this);
+    QWidget* view = child->name() == QLatin1String("otchet")
+                        ? static_cast<QWidget*>(new OtchetView(child, this))
+                        : new AutoView(child, this);
     subWindows_.insert(child, view);
 }
 

@@ -43,6 +43,16 @@ void Control::setRows(std::vector<QStringList> rows) {
     rows_ = std::move(rows);
     emit changed();
 }
+void Control::appendRow(QStringList row) {
+    rows_.push_back(std::move(row));
+    emit changed();
+}
+void Control::setCell(size_t row, int column, const QString& value) {
+    if (row >= rows_.size() || column < 0 || column >= rows_[row].size()) return;
+    if (rows_[row][column] == value) return;
+    rows_[row][column] = value;
+    emit changed();
+}
 void Control::setTable(const QStringList& columns, std::vector<QStringList> rows) {
     columns_ = columns;
     rows_ = std::move(rows);

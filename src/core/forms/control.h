@@ -55,6 +55,9 @@ class Control : public QObject {
     const std::vector<QStringList>& rows() const { return rows_; }
     void setRows(std::vector<QStringList> rows);
     void setTable(const QStringList& columns, std::vector<QStringList> rows);
+    // In-place changes of a long grid, without copying its rows.
+    void appendRow(QStringList row);
+    void setCell(size_t row, int column, const QString& value);
     int maxLength() const { return maxLength_; } // 0 = no limit
     void setMaxLength(int n) { maxLength_ = n; }
     const QString& tooltip() const { return tooltip_; }

@@ -12,7 +12,7 @@ QStringList SerialKeyPort::defaultDevices() {
 SerialKeyPort::SerialKeyPort(QStringList devices) : m_devices(std::move(devices)) {}
 
 SerialKeyPort::~SerialKeyPort() {
-    close();
+    SerialKeyPort::close(); // this class's own close: no override can run in a destructor
 }
 
 void SerialKeyPort::setDevices(const QStringList& devices) {

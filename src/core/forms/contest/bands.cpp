@@ -1,14 +1,151 @@
+// Band and mode buttons, the totals view switch and the worked-prefix grid.
+#include "data/databases.h"
 #include "forms/contest/contestform.h"
+
+#include <QSet>
 
 namespace hfc {
 
-void ContestForm::registerBands() {}
+namespace {
 
-void ContestForm::cmbband_Click(int) {}
-void ContestForm::cmbband_GotFocus(int) {}
-void ContestForm::cmbband_KeyPress(Event&) {}
-void ContestForm::cmbmod_Click() {}
-void ContestForm::cmbwsego_Click() {}
-void ContestForm::prefixlist() {}
+const char* const Red = "#ff0000";
+const char* const LightGrey = "#e0e0e0";
+const char* const Palette7 = "#c0c0c0";
+const char* const Palette10 = "#00ff00";
+
+// The transceiver's five-byte frequency command per band (index 0..5): packed BCD frequency in
+// units of 10 Hz, least significant byte first, then the opcode 10.
+constexpr unsigned char CatCw[6][5] = {{0, 37, 24, 0, 10}, {0, 16, 53, 0, 10}, {0, 16, 112, 0, 10},
+                                       {0, 16, 64, 1, 10}, {0, 16, 16, 2, 10}, {0, 16, 128, 2, 10}};
+constexpr unsigned char CatSsb[6][5] = {{0, 64, 24, 0, 10}, {0, 0, 54, 0, 10},  {0, 64, 112, 0, 10},
+                                        {0, 80, 65, 1, 10}, {0, 80, 17, 2, 10}, {0, 0, 133, 2, 10}};
+
+} // namespace
+
+void ContestForm::registerBands() {
+    on("cmbband_Click", [this](Event& e) { cmbband_Click(e.index); }, {"Index"});
+    on("cmbband_GotFocus", [this](Event& e) { cmbband_GotFocus(e.index); }, {"Index"});
+    on("cmbband_KeyPress", [this](Event& e) { cmbband_KeyPress(e); }, {"Index", "KeyAscii"});
+    on("cmbband_KeyDown", [this](Event& e) { cmbband_KeyDown(e); }, {"Index", "KeyCode", "Shift"});
+    on("cmbband_KeyUp", [this](Event& e) { cmbband_KeyUp(e); }, {"Index", "KeyCode", "Shift"});
+    proc("cmbmod_Click", [this] { cmbmod_Click(); });
+    on("cmbmod_KeyPress", [this](Event& e) { cmbmod_KeyPress(e); }, {"KeyAscii"});
+    proc("cmbwsego_Click", [this] { cmbwsego_Click(); });
+    proc("prefixlist", [this] { prefixlist(); });
+    var("mwidmode", mwidmode);
+    var("bandmult", bandmult);
+}
+
+void ContestForm::cmbband_Click(int index) {
+    if (index < 0 || index > 6) return;
+    for (Control* b : cmbband) b->setBackcolor(Red);
+    for (int b = 0; b < 7; ++b) cmbband[b]->setValue(b == index ? 1 : 0);
+    if (curband != cmbband[index]->text()) firstAfterBandChange = true;
+    curband = cmbband[index]->text();
+    if (index < 6) {
+        const auto& bytes = cmbmod->text() == QLatin1String("SSB") ? CatSsb[index] : CatCw[index];
+        QString cmd;
+        for (unsigned char b : bytes) cmd += QChar(b);
+        catcmd = cmd;
+    }
+    cmbband[index]->setBackcolor(LightGrey);
+    bandsame = index == bandprev ? 1 : 0;
+    Label1->setText(curband + QStringLiteral(" MHz"));
+}
+
+void ContestForm::cmbband_GotFocus(int) {
+    const QString own = TXTNCALL->text();
+    if (owntail.isEmpty() && own.size() >= 4) owntail = own.mid(3);
+}
+
+void ContestForm::cmbband_KeyPress(Event& e) {
+    if (e.keyAscii != keys::Enter || e.index < 0 || e.index > 6) return;
+    // A button reached by focus alone is chosen by its Enter.
+    if (!cmbband[e.index]->checked() || curband != cmbband[e.index]->text())
+        click(cmbband[e.index]);
+    // Enter confirms the band: the totals show it, the transceiver gets its frequency.
+    emitCatOnBandEnter(e.index);
+    // The operator chose the band to log on it: typing goes on in the callsign box.
+    setFocus(txtcall);
+}
+
+void ContestForm::cmbband_KeyDown(Event& e) {
+    if (e.index < 0 || e.index > 6) return;
+    // Left and Right walk along the band row, choosing as they go.
+    int to = -1;
+    if (e.keyCode == keys::Left) to = (e.index + 6) % 7;
+    if (e.keyCode == keys::Right) to = (e.index + 1) % 7;
+    if (to >= 0) {
+        setFocus(cmbband[to]);
+        click(cmbband[to]);
+    }
+}
+
+void ContestForm::cmbband_KeyUp(Event& e) {
+    // On the key's release, so that the callsign box does not see the same Down arrow.
+    if (e.keyCode == keys::Down) setFocus(txtcall);
+}
+
+void ContestForm::cmbmod_Click() {
+    const QString rst =
+        cmbmod->text() != QLatin1String("CW") ? QStringLiteral("599") : QStringLiteral("59");
+    cmbmod->setText(rst == QLatin1String("599") ? QStringLiteral("CW") : QStringLiteral("SSB"));
+    lblrstr->setText(rst);
+    lblrsts->setText(rst);
+    rstdef = rst;
+    // The championship's exchange depends on the mode: set it up again.
+    if (contestcode == QLatin1String("chemp")) fire(QStringLiteral("mnuchemp_Click"));
+    setFocus(txtcall);
+}
+
+void ContestForm::cmbmod_KeyPress(Event& e) {
+    if (e.keyAscii == ' ') {
+        click(cmbmod);
+        e.keyAscii = 0;
+    }
+}
+
+void ContestForm::cmbwsego_Click() {
+    if (cmbwsego->text() != QStringLiteral("Всего")) {
+        cmbwsego->setText(QStringLiteral("Всего"));
+        prefixlist();
+    } else {
+        cmbwsego->setText(curband + QStringLiteral("MHz"));
+        if (bandmult == 1) {
+            for (Control* c : txtMwid) c->setBackcolor(Palette7);
+            prefixlist();
+        }
+    }
+    setFocus(txtcall);
+}
+
+void ContestForm::prefixlist() {
+    QStringList worked;
+    if (cmbwsego->text() == QStringLiteral("Всего"))
+        worked = logDb().column(QStringLiteral("SELECT DISTINCT ps FROM tbllog WHERE ps2 = ?1 "
+                                               "AND length(ps) > 0 ORDER BY ps"),
+                                {contestcode});
+    else
+        worked = logDb().column(QStringLiteral("SELECT ps FROM tbllog WHERE ps2 = ?1 AND "
+                                               "bband = ?2 AND length(ps) > 0 ORDER BY ps"),
+                                {contestcode, curband});
+    if (mwidmode != 1) {
+        // A fixed list of names: mark the worked ones.
+        const QSet<QString> seen(worked.begin(), worked.end());
+        for (Control* c : txtMwid)
+            if (!c->text().isEmpty() && seen.contains(c->text())) c->setBackcolor(Palette10);
+    } else {
+        // The grid lists the worked prefixes themselves, in query order.
+        for (Control* c : txtMwid) {
+            c->setText(QString());
+            c->setBackcolor(Palette7);
+        }
+        for (int i = 0; i < worked.size() && i < MwidBoxes; ++i) {
+            txtMwid[i]->setText(worked[i]);
+            txtMwid[i]->setBackcolor(Palette10);
+        }
+    }
+    if (!worked.isEmpty()) twid1->setText(worked.back());
+}
 
 } // namespace hfc

@@ -1,12 +1,183 @@
+// Committing the entry line to the log, and the log grid.
+#include "data/databases.h"
+#include "data/schema.h"
+#include "forms/clock.h"
 #include "forms/contest/contestform.h"
+
+#include <sqlite3.h>
 
 namespace hfc {
 
-void ContestForm::registerCommit() {}
+namespace {
 
-void ContestForm::wwodadd() {}
-void ContestForm::cmbAdd_Click() {}
-void ContestForm::refreshLogGrid() {}
-void ContestForm::DBGrid3_Edit(int, const QString&, const QString&) {}
+// The fields behind the log grid's columns, in column order.
+const QStringList& grid3Fields() {
+    static const QStringList f = {"ccall",  "rstr1", "rstr2",  "rsts1", "rsts2", "mult",
+                                  "ps",     "point", "point2", "bband", "ttime", "ddate",
+                                  "point2", "mode",  "rstr2",  "rsts1", "rsts2"};
+    return f;
+}
+
+// Rows changed on the log's connection so far: a change the grid did not make itself (a
+// clearing, a transfer, a script's SQL) shows as a difference.
+qint64 changesOf(Db& db) {
+    return sqlite3_total_changes64(db.handle());
+}
+
+const QString& grid3Select() {
+    static const QString sql = QStringLiteral("SELECT rowid, ") +
+                               grid3Fields().join(QStringLiteral(", ")) +
+                               QStringLiteral(" FROM tbllog");
+    return sql;
+}
+
+} // namespace
+
+void ContestForm::registerCommit() {
+    proc("wwodadd", [this] { wwodadd(); });
+    proc("cmbAdd_Click", [this] { cmbAdd_Click(); });
+    proc("refreshLogGrid", [this] { refreshLogGrid(); });
+    // call DBGrid3_Edit ROW COLUMN VALUE: ROW counts from 0, COLUMN is a field name, a caption
+    // or a column number; the value is the rest of the line.
+    on("DBGrid3_Edit", [this](Event& e) {
+        if (e.args.size() < 2) return;
+        DBGrid3_Edit(e.args[0].toInt(), e.args[1], e.args.mid(2).join(QLatin1Char(' ')));
+    });
+    on("DBGrid3_KeyPress", [this](Event& e) { e.keyAscii = QChar(e.keyAscii).toUpper().unicode(); },
+       {"KeyAscii"});
+    var("qsorun", qsorun);
+}
+
+void ContestForm::cmbAdd_Click() {
+    wwodadd();
+    setFocus(txtcall);
+}
+
+void ContestForm::wwodadd() {
+    if (txtcall->text().isEmpty()) return;
+
+    const QDateTime now = env().clock->localNow();
+    if (qsorun == 0) firstqso = now;
+    if (firstAfterBandChange) {
+        bandstart = now;
+        firstAfterBandChange = false;
+    }
+    lastqso = now;
+    for (int b = 0; b < 7; ++b)
+        if (cmbband[b]->text() == curband) bandprev = b;
+
+    const QString mode = cmbmod->text();
+    QString ps1 = mode;
+    if (txtrepit->visible() && txtrepit->text() == QStringLiteral("Повтор")) {
+        ps1 = QStringLiteral("DUPE");
+        txtmult->setText(QString());
+        txtmult2->setText(QString());
+        txtpoint->setText(QStringLiteral("0"));
+        txtpoint2->setText(QStringLiteral("0"));
+    }
+    const QString rst = mode == QLatin1String("SSB") ? QStringLiteral("59") : QStringLiteral("599");
+
+    // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
+    Db& db = logDb();
+    db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
+                          "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, PRF) "
+                          "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, "
+                          "?15, ?16, ?17, ?18)"),
+           {txtpoint->text(), txtpoint2->text(), contestcode, txtcall->text(), txtdate->text(),
+            curband, rst, rst, ps1, txttime->text().left(5), lblrstr->text(), txtrstr->text(),
+            lblrsts->text(), txtrsts->text(), txtmult->text(), txtmult2->text(), callstrana,
+            callprf});
+    const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
+    ++hourcount;
+    appendLogGridRow(rowid);
+
+    const bool newMult = !txtmult->text().isEmpty() || !txtmult2->text().isEmpty();
+    if (newMult && multwid->visible()) prefixlist();
+
+    // Reset the entry line for the next QSO.
+    txtcall->setText(QString());
+    txtrsts->setText(QString());
+    txtrstr->setText(QString());
+    txtmult->setText(QString());
+    txtmult2->setText(QString());
+    txtpoint->setText(QString());
+    txtpoint2->setText(QString());
+    callitu.clear();
+    callcq.clear();
+    callstrana.clear();
+    kodsrr.clear();
+    txtstran5->setText(QString());
+    ++qsorun;
+    txtrepit->setVisible(false);
+    if (contestcode == QLatin1String("chemp")) lblrstr->setText(QString());
+    DBList1->setItems({});
+    DBList1->setText(QString());
+    DBGrid1->setRows({});
+    timelist.clear();
+
+    if (List1->visible()) fillList1();
+}
+
+void ContestForm::refreshLogGrid() {
+    grid3contest = contestcode;
+    grid3rowids.clear();
+    std::vector<QStringList> rows;
+    Stmt& s = logDb().prepared(grid3Select() + QStringLiteral(" WHERE ps2 = ?1 ORDER BY rowid"),
+                               {contestcode});
+    const int n = s.columns();
+    while (s.step()) {
+        grid3rowids.push_back(s.text(0).toLongLong());
+        QStringList row;
+        row.reserve(n - 1);
+        for (int c = 1; c < n; ++c) row << s.text(c);
+        rows.push_back(std::move(row));
+    }
+    s.reset();
+    DBGrid3->setRows(std::move(rows));
+    grid3changes = changesOf(logDb());
+}
+
+bool ContestForm::logGridStale() {
+    return grid3contest != contestcode || grid3changes != changesOf(logDb());
+}
+
+void ContestForm::appendLogGridRow(qint64 rowid) {
+    // A grid that shows another contest or missed a change is rebuilt whole; otherwise the new
+    // row is added below.
+    if (grid3contest != contestcode || grid3changes + 1 != changesOf(logDb())) {
+        refreshLogGrid();
+        return;
+    }
+    const Rows r = logDb().query(grid3Select() + QStringLiteral(" WHERE rowid = ?1"),
+                                 {QString::number(rowid)});
+    if (r.empty()) return;
+    grid3rowids.push_back(rowid);
+    DBGrid3->appendRow(r[0].mid(1));
+    grid3changes = changesOf(logDb());
+}
+
+void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& value) {
+    if (row < 0 || size_t(row) >= grid3rowids.size()) return;
+    const QStringList& fields = grid3Fields();
+    QString field;
+    bool isNumber = false;
+    const int at = column.toInt(&isNumber);
+    if (isNumber && at >= 0 && at < fields.size()) {
+        field = fields[at];
+    } else {
+        for (int i = 0; i < fields.size() && field.isEmpty(); ++i)
+            if (fields[i].compare(column, Qt::CaseInsensitive) == 0 ||
+                DBGrid3->columns().value(i) == column)
+                field = fields[i];
+    }
+    if (field.isEmpty()) return;
+    const QString upper = value.toUpper();
+    // The field name comes from the fixed list above, never from the caller's text.
+    logDb().run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(field),
+                {upper, QString::number(grid3rowids[row])});
+    for (int i = 0; i < fields.size(); ++i)
+        if (fields[i] == field) DBGrid3->setCell(row, i, upper);
+    grid3changes = changesOf(logDb());
+}
 
 } // namespace hfc

@@ -165,6 +165,11 @@ class ContestForm : public Form {
     void callprefix();
     void resolveOwnCall(); // own country and continent from TXTNCALL
     QString ownpref, ownkont, owncq, ownitu;
+    struct CountryRow {
+        QString pref, kont, strana, itu, cq;
+    };
+    bool lookupCountry(const QString& call, CountryRow& out); // longest matching beginning
+    bool lookupDistrict(const QString& key, QString* itu, QString* cq, QString* code);
     // points.cpp
     void qsopoints();
     // entry.cpp
@@ -174,20 +179,35 @@ class ContestForm : public Form {
     void WWOD();
     void wwodcall();
     void DBList1_Click();
+    void applyRepeatRules();
+    std::vector<QStringList> timelist; // ccall, ttime of the time list (lzo, raem, chemp, ES)
     // exchange.cpp
     void wwodrstr();
     void txtrstr_KeyPress(Event& e);
     void txtrstr_GotFocus();
     void lblrstr_KeyPress(Event& e);
+    QString exchangeChars() const; // "" = any character
+    bool countsExchange() const;   // the exchange goes through pscheck
+    void checkExchange();          // per-contest check of the received exchange
+    bool rstrselected = false;     // the box's text is selected: typing replaces it
     // commit.cpp
     void wwodadd();
     void cmbAdd_Click();
     void refreshLogGrid();
     void DBGrid3_Edit(int row, const QString& column, const QString& value);
+    void appendLogGridRow(qint64 rowid);
+    std::vector<qint64> grid3rowids; // tbllog rowid of each DBGrid3 row
+    QString grid3contest;            // the contest DBGrid3 shows
+    qint64 grid3changes = -1;        // the log's change count when DBGrid3 was last in step
+    bool logGridStale();
+    QDateTime firstqso; // the first QSO of this run
     // bands.cpp
     void cmbband_Click(int index);
     void cmbband_GotFocus(int index);
     void cmbband_KeyPress(Event& e);
+    void cmbband_KeyDown(Event& e);
+    void cmbband_KeyUp(Event& e);
+    void cmbmod_KeyPress(Event& e);
     void cmbmod_Click();
     void cmbwsego_Click();
     void prefixlist();

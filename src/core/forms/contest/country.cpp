@@ -1,16 +1,167 @@
+// Country, continent, zones and prefix of the typed call.
+#include "country/callprefix.h"
+#include "country/russia.h"
+#include "data/databases.h"
 #include "forms/contest/contestform.h"
+
+#include <vector>
 
 namespace hfc {
 
-void ContestForm::registerCountry() {}
+void ContestForm::registerCountry() {
+    proc("STRAN", [this] { STRAN(); });
+    proc("RUS", [this] { RUS(); });
+    proc("rusdx", [this] { rusdx(); });
+    proc("CQM", [this] { CQM(); });
+    proc("EU13", [this] { EU13(); });
+    proc("eucountry", [this] { eucountry(); });
+    proc("callprefix", [this] { callprefix(); });
+    var("ownpref", ownpref);
+    var("ownkont", ownkont);
+    var("owncq", owncq);
+    var("ownitu", ownitu);
+}
 
-void ContestForm::STRAN() {}
-void ContestForm::RUS() {}
-void ContestForm::rusdx() {}
-void ContestForm::CQM() {}
-void ContestForm::EU13() {}
-void ContestForm::eucountry() {}
-void ContestForm::callprefix() {}
-void ContestForm::resolveOwnCall() {}
+namespace {
+
+// One statement per call length: every beginning of the call is looked up at once and the
+// longest one that names a country wins. Each call length keeps its own prepared statement, so
+// a keystroke costs one indexed query and no SQL parsing. (A copy of the 27k prefixes in memory
+// would be a little faster but would go stale when the prefix table is edited.)
+const QString& prefixSql(qsizetype n) {
+    static std::vector<QString> cache;
+    if (cache.size() <= size_t(n)) cache.resize(n + 1);
+    QString& sql = cache[n];
+    if (sql.isEmpty()) {
+        QStringList marks;
+        for (qsizetype i = 1; i <= n; ++i) marks << QStringLiteral("?%1").arg(i);
+        sql = QStringLiteral("SELECT PREF, kont, strana, iaru, cq FROM tbldxcc WHERE prf IN (%1) "
+                             "AND length(strana) > 0 ORDER BY length(prf) DESC, rowid LIMIT 1")
+                  .arg(marks.join(QLatin1Char(',')));
+    }
+    return sql;
+}
+
+} // namespace
+
+bool ContestForm::lookupCountry(const QString& call, CountryRow& out) {
+    if (call.isEmpty()) return false;
+    QStringList beginnings;
+    beginnings.reserve(call.size());
+    for (qsizetype n = 1; n <= call.size(); ++n) beginnings << call.left(n);
+    Stmt& s = env().db->dxcc.prepared(prefixSql(call.size()), beginnings);
+    const bool found = s.step();
+    if (found) {
+        out.pref = s.text(0);
+        out.kont = s.text(1);
+        out.strana = s.text(2);
+        out.itu = s.text(3);
+        out.cq = s.text(4);
+    }
+    s.reset();
+    return found;
+}
+
+bool ContestForm::lookupDistrict(const QString& key, QString* itu, QString* cq, QString* code) {
+    if (key.isEmpty()) return false;
+    Stmt& s = env().db->rus.prepared(
+        QStringLiteral("SELECT itu, cq, kodsrr FROM tblrus WHERE pref = ?1 LIMIT 1"), {key});
+    const bool found = s.step();
+    if (found) {
+        if (itu) *itu = s.text(0);
+        if (cq) *cq = s.text(1);
+        if (code) *code = s.text(2);
+    }
+    s.reset();
+    return found;
+}
+
+void ContestForm::STRAN() {
+    const QString call = txtcall->text();
+    CountryRow row;
+    // Nothing found keeps the values of the previous call.
+    if (lookupCountry(call, row)) {
+        callstrana = row.strana;
+        callkont = row.kont;
+        callpref = row.pref;
+        callitu = row.itu;
+        callcq = row.cq;
+        txtstran5->setText(callstrana);
+    }
+    if (call.startsWith(QLatin1Char('R')) || callpref == QLatin1String("UA9") ||
+        callpref == QLatin1String("UA2") || callpref == QLatin1String("UA"))
+        RUS();
+    callitu = padZone(callitu);
+    callcq = padZone(callcq);
+}
+
+void ContestForm::RUS() {
+    const QString call = txtcall->text();
+    refineRussianArea(call, callpref, callkont);
+    if (contestcode == QLatin1String("cqm")) CQM();
+    // A district the table does not know keeps the zones of the prefix table.
+    if (call.size() > 3) lookupDistrict(russianDistrictKey(call), &callitu, &callcq, nullptr);
+}
+
+void ContestForm::rusdx() {
+    QString code;
+    lookupDistrict(russianDistrictKey(txtcall->text()), nullptr, nullptr, &code);
+    kodsrr = code;
+}
+
+void ContestForm::CQM() {
+    callpref = cqmPrefix(txtcall->text(), callpref);
+}
+
+void ContestForm::EU13() {
+    txtpoint->setText(eu13Points(callkont));
+}
+
+void ContestForm::eucountry() {
+    if (contestcode == QLatin1String("uba")) {
+        if (callpref == QLatin1String("ON")) {
+            txtpoint->setText(QStringLiteral("10"));
+            multcand = callpref;
+            multcheck();
+            return;
+        }
+        txtpoint->setText(QStringLiteral("0"));
+        if (inEuropeanList(callpref)) {
+            multcand = callpref;
+            multcheck();
+            txtpoint->setText(QStringLiteral("3"));
+        }
+        if (txtpoint->text() == QLatin1String("0")) txtpoint->setText(QStringLiteral("1"));
+    } else if (contestcode == QLatin1String("yu")) {
+        if (callpref == QLatin1String("YU")) {
+            multcand = callpref;
+            multcheck();
+        } else {
+            txtpoint->setText(QStringLiteral("0"));
+            txtmult->setText(QString());
+        }
+    }
+}
+
+void ContestForm::callprefix() {
+    const QString call = txtcall->text();
+    if (call.size() > 1) callprf = callPrefix(call);
+}
+
+void ContestForm::resolveOwnCall() {
+    const QString call = TXTNCALL->text();
+    CountryRow row;
+    if (!lookupCountry(call, row)) return;
+    ownpref = row.pref;
+    ownkont = row.kont;
+    ownitu = row.itu;
+    owncq = row.cq;
+    if (call.startsWith(QLatin1Char('R')) || ownpref.startsWith(QLatin1String("UA"))) {
+        refineRussianArea(call, ownpref, ownkont);
+        lookupDistrict(russianDistrictKey(call), &ownitu, &owncq, nullptr);
+    }
+    ownitu = padZone(ownitu);
+    owncq = padZone(owncq);
+}
 
 } // namespace hfc

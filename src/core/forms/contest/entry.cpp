@@ -1,14 +1,222 @@
+// The callsign box: key filter, partial-call and time lists, repeat rules.
+#include "data/databases.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
 
-void ContestForm::registerEntry() {}
+void ContestForm::registerEntry() {
+    on("txtcall_KeyPress", [this](Event& e) { txtcall_KeyPress(e); }, {"KeyAscii"});
+    on("txtcall_KeyUp", [this](Event& e) { txtcall_KeyUp(e); }, {"KeyCode", "Shift"});
+    proc("txtcall_GotFocus", [this] { txtcall_GotFocus(); });
+    proc("WWOD", [this] { WWOD(); });
+    proc("wwodcall", [this] { wwodcall(); });
+    proc("DBList1_Click", [this] { DBList1_Click(); });
+}
 
-void ContestForm::txtcall_KeyPress(Event&) {}
-void ContestForm::txtcall_KeyUp(Event&) {}
-void ContestForm::txtcall_GotFocus() {}
-void ContestForm::WWOD() {}
-void ContestForm::wwodcall() {}
-void ContestForm::DBList1_Click() {}
+namespace {
+
+bool isOneOf(const QString& code, std::initializer_list<const char*> codes) {
+    for (const char* c : codes)
+        if (code == QLatin1String(c)) return true;
+    return false;
+}
+
+// Minutes since midnight of "hh:mm…".
+int minutesOf(const QString& t) {
+    return int(val(t.left(2))) * 60 + int(val(t.mid(3, 2)));
+}
+
+} // namespace
+
+void ContestForm::txtcall_KeyPress(Event& e) {
+    if (curband.isEmpty()) setFocus(QStringLiteral("cmbband"));
+    if (e.keyAscii == keys::Backspace) {
+        txtpoint->setText(QString());
+        txtpoint2->setText(QString());
+        txtmult->setText(QString());
+        txtmult2->setText(QString());
+        txtstran5->setText(QString());
+    }
+    e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
+    if (e.keyAscii > 26 &&
+        (!callchars.contains(QChar(e.keyAscii)) || txtcall->text().size() > 13)) {
+        e.keyAscii = 0;
+        return;
+    }
+    if (e.keyAscii == keys::Enter) {
+        if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
+            if (!txtcall->text().isEmpty())
+                setFocus(contestcode == QLatin1String("chemp") ? lblrstr : txtrstr);
+        } else {
+            setFocus(txtdate); // manual date and time: confirm them for every QSO
+        }
+    }
+}
+
+void ContestForm::txtcall_KeyUp(Event& e) {
+    if (txtcall->text().isEmpty()) {
+        txtrstr->setText(QString());
+        txtpoint->setText(QString());
+    }
+    if (e.keyCode == keys::Up) setFocus(QStringLiteral("cmbband"));
+    if (e.keyCode == keys::Down && !txtcall->text().isEmpty()) setFocus(txtrstr);
+    wwodcall();
+}
+
+void ContestForm::txtcall_GotFocus() {
+    nextserial();
+    recount();
+    if (logGridStale()) refreshLogGrid();
+    // A new QSO starts with clean points and exchange; a call being corrected keeps them.
+    if (txtcall->text().isEmpty()) {
+        txtpoint->setText(QString());
+        txtpoint2->setText(QString());
+        txtrstr->setText(QString());
+    }
+}
+
+void ContestForm::WWOD() {
+    const QString call = txtcall->text();
+    timelist.clear();
+    if (call.isEmpty()) {
+        // An empty box lists nothing: the whole band's log is in the log grid already.
+        DBList1->setItems({});
+        DBList1->setText(QString());
+        return;
+    }
+    // "Begins with" as an index range: [call, call + U+FFFF). A GLOB with a bound pattern would
+    // make SQLite re-prepare the statement on every keystroke.
+    const QString end = call + QChar(0xFFFF);
+    Db& db = logDb();
+    QStringList calls;
+    if (contestcode == QLatin1String("chemp")) {
+        calls = db.column(QStringLiteral("SELECT ccall FROM tbllog WHERE ps2 = ?1 AND ccall = ?2 "
+                                         "ORDER BY rowid"),
+                          {contestcode, call});
+    } else if (contestcode == QLatin1String("bal")) {
+        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
+                                         "AND ccall >= ?2 AND ccall < ?3 AND rstr = ?4 "
+                                         "ORDER BY ccall"),
+                          {contestcode, call, end, rstdef});
+    } else if (isOneOf(contestcode, {"ari", "hol", "sp", "arrl10", "ukr"})) {
+        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
+                                         "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
+                                         "AND rstr = ?5 ORDER BY ccall"),
+                          {contestcode, curband, call, end, lblrstr->text()});
+    } else {
+        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
+                                         "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
+                                         "ORDER BY ccall"),
+                          {contestcode, curband, call, end});
+    }
+    // The list's current entry is its first row, as after a re-read.
+    DBList1->setText(calls.value(0));
+    DBList1->setItems(calls);
+
+    if (isOneOf(contestcode, {"chemp", "ES"})) {
+        timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
+                                           "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
+                                           "ORDER BY ccall, ttime"),
+                            {contestcode, curband, call, end});
+    } else if (isOneOf(contestcode, {"lzo", "raem"})) {
+        timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
+                                           "AND ccall >= ?2 AND ccall < ?3 ORDER BY ccall, ttime"),
+                            {contestcode, call, end});
+    }
+}
+
+void ContestForm::DBList1_Click() {
+    static const QStringList columns = {"ccall", "DDATE",  "ttime", "bband", "rsts1",
+                                        "rsts2", "rstr1",  "rstr2", "mult",  "ps",
+                                        "point", "point2", "ps1"};
+    const QString call = DBList1->text();
+    Rows rows;
+    if (!call.isEmpty())
+        rows = logDb().query(
+            QStringLiteral("SELECT ccall, ddate, ttime, bband, rsts1, rsts2, rstr1, rstr2, mult, "
+                           "ps, point, point2, ps1 FROM tbllog WHERE ps2 = ?1 AND ccall = ?2 "
+                           "ORDER BY rowid"),
+            {contestcode, call});
+    DBGrid1->setTable(columns, std::move(rows));
+}
+
+void ContestForm::wwodcall() {
+    const QString call = txtcall->text();
+    callprefix();
+    WWOD();
+    STRAN();
+    DBList1_Click();
+
+    if (call.isEmpty()) {
+        txtpoint->setText(QStringLiteral("0"));
+        txtpoint2->setText(QStringLiteral("0"));
+        txtmult->setText(QString());
+        multcand.clear();
+        pscand.clear();
+        txtrepit->setVisible(false);
+        return;
+    }
+
+    // The received exchange that follows from the call.
+    if (contestcode == QLatin1String("rudx")) {
+        if (callstrana == QLatin1String("RUSSIAN")) {
+            rusdx();
+            txtrstr->setText(kodsrr);
+        } else {
+            txtrstr->setText(QString());
+        }
+    }
+    if (itufill == 0) txtrstr->setText(callitu);
+    if (cqfill == 0) txtrstr->setText(callcq);
+
+    if (dxccmult == 0) {
+        multcand = callpref;
+        multcheck();
+    }
+    if (pfxmult == 0) {
+        multcand = callprf;
+        multcheck();
+    }
+    if (isOneOf(contestcode, {"uba", "yu"})) eucountry();
+    wwodrstr();
+    qsopoints();
+    applyRepeatRules();
+}
+
+void ContestForm::applyRepeatRules() {
+    const QString call = txtcall->text();
+    const QString now = txttime->text();
+    bool early = false;
+    const bool firstIsCall = !timelist.empty() && timelist.front().value(0) == call;
+    if (contestcode == QLatin1String("lzo")) {
+        // The same station again only 30 minutes later, on any band; no wrap at midnight, so a
+        // QSO just after midnight counts as too early.
+        if (firstIsCall)
+            for (const QStringList& r : timelist)
+                if (r.value(0) == call && minutesOf(now) - minutesOf(r.value(1)) < 30) early = true;
+    } else if (isOneOf(contestcode, {"chemp", "ES", "raem"})) {
+        // One QSO per station and clock hour. Only rows of this very call count: a longer call
+        // that begins with it is another station.
+        if (firstIsCall)
+            for (const QStringList& r : timelist)
+                if (r.value(0) == call && r.value(1).left(2) == now.left(2)) early = true;
+    }
+    if (early) {
+        txtrepit->setText(QStringLiteral("Рано"));
+        txtrepit->setVisible(true);
+        txtpoint->setText(QStringLiteral("0"));
+        txtmult->setText(QString());
+        return;
+    }
+    txtrepit->setVisible(false);
+    // The plain repeat: the list's current entry is the call itself. "chemp" lists the exact
+    // call on every band, so there any earlier QSO is a repeat.
+    if (isOneOf(contestcode, {"lzo", "ES", "raem"})) return;
+    if (!call.isEmpty() && DBList1->text() == call) {
+        txtrepit->setText(QStringLiteral("Повтор"));
+        txtrepit->setVisible(true);
+        txtmult->setText(QString());
+    }
+}
 
 } // namespace hfc

@@ -1,0 +1,104 @@
+#include "otchetview.h"
+
+#include "binder.h"
+#include "forms/form.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace hfc {
+
+namespace {
+QString arr(const char* base, int i) {
+    return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i);
+}
+} // namespace
+
+OtchetView::OtchetView(Form* form, QWidget* parent)
+    : QWidget(parent, Qt::Window), form_(form), binder_(new Binder(form, this)) {
+    setWindowTitle(QStringLiteral("Отчет"));
+    auto* v = new QVBoxLayout(this);
+    auto* top = new QHBoxLayout;
+
+    // station data
+    auto* station = binder_->make("Frame1");
+    auto* sg = new QGridLayout(station);
+    const std::pair<const char*, const char*> boxes[] = {
+        {"tcont", "Соревнование"}, {"tcall", "Позывной"}, {"tpod", "Подгруппа"},
+        {"tname", "Фамилия, имя"}, {"tadres", "Адрес"},   {"tgor", "Город"},
+        {"tstr", "Страна"}};
+    int r = 0;
+    for (const auto& [name, text] : boxes) {
+        sg->addWidget(new QLabel(QString::fromUtf8(text)), r, 0);
+        sg->addWidget(binder_->make(name), r, 1);
+        ++r;
+    }
+    sg->addWidget(new QLabel(QStringLiteral("Даты")), r, 0);
+    sg->addWidget(binder_->make("Text4"), r, 1);
+    top->addWidget(station, 1);
+
+    // band table
+    auto* table = new QGroupBox(QStringLiteral("Итоги по диапазонам"));
+    auto* tg = new QGridLayout(table);
+    tg->addWidget(binder_->make("lq"), 0, 1);
+    tg->addWidget(binder_->make("ld"), 0, 2);
+    tg->addWidget(binder_->make("lz"), 0, 3);
+    tg->addWidget(binder_->make("lp"), 0, 4);
+    for (int i = 0; i < 7; ++i) {
+        tg->addWidget(binder_->make(arr("lblb", i)), i + 1, 0);
+        tg->addWidget(binder_->make(arr("tq", i)), i + 1, 1);
+        tg->addWidget(binder_->make(arr("tdx", i)), i + 1, 2);
+        tg->addWidget(binder_->make(arr("tz", i)), i + 1, 3);
+        tg->addWidget(binder_->make(arr("tp", i)), i + 1, 4);
+    }
+    tg->addWidget(binder_->make("Label17"), 8, 0);
+    tg->addWidget(binder_->make("tqtot"), 8, 1);
+    tg->addWidget(binder_->make("tdxtot"), 8, 2);
+    tg->addWidget(binder_->make("tztot"), 8, 3);
+    tg->addWidget(binder_->make("tptot"), 8, 4);
+    auto* formula = new QHBoxLayout;
+    for (const char* name : {"lblrez1", "Text3", "lblrez2", "Text2", "lblrez3", "Text1"})
+        formula->addWidget(binder_->make(name));
+    formula->addWidget(new QLabel(QStringLiteral("=")));
+    formula->addWidget(binder_->make("trezult"));
+    tg->addLayout(formula, 9, 0, 1, 5);
+    top->addWidget(table, 1);
+    v->addLayout(top);
+
+    // output folder and files
+    auto* folder = binder_->make("Frame2");
+    auto* fg = new QVBoxLayout(folder);
+    QWidget* dir = binder_->make("Dir1");
+    dir->setMinimumHeight(160);
+    fg->addWidget(dir);
+    fg->addWidget(binder_->make("txtput"));
+    v->addWidget(folder, 1);
+
+    auto* buttons = new QHBoxLayout;
+    for (Control* c : form->controls())
+        if (c->kind() == Control::Kind::Button) buttons->addWidget(binder_->make(c));
+    v->addLayout(buttons);
+    // Whatever the model adds later (checks of the log, category choices) goes below.
+    for (Control* c : form->controls()) {
+        if (binder_->widget(c->name()) || c->kind() == Control::Kind::Menu ||
+            c->kind() == Control::Kind::Timer || c->kind() == Control::Kind::Frame)
+            continue;
+        if (QWidget* w = binder_->make(c)) v->addWidget(w);
+    }
+    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
+    resize(900, 760);
+    setVisible(form->isShown());
+}
+
+void OtchetView::changeEvent(QEvent* e) {
+    // Coming back to the window recounts, as its activation does.
+    if (e->type() == QEvent::ActivationChange && isActiveWindow() && form_->isShown())
+        form_->fire(QStringLiteral("Form_Activate"));
+    QWidget::changeEvent(e);
+}
+
+} // namespace hfc

@@ -1,0 +1,24 @@
+#pragma once
+// The report window: station data, the band table with totals and score, the output folder and
+// the file buttons.
+#include <QWidget>
+
+namespace hfc {
+
+class Form;
+class Binder;
+
+class OtchetView : public QWidget {
+    Q_OBJECT
+  public:
+    OtchetView(Form* form, QWidget* parent = nullptr);
+
+  protected:
+    void changeEvent(QEvent* e) override;
+
+  private:
+    Form* form_;
+    Binder* binder_;
+};
+
+} // namespace hfc

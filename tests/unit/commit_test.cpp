@@ -1,0 +1,254 @@
+// Committing the entry line: the stored row, the repeat and too-early rows, the exchange box's
+// Enter, the entry line's reset and the log grid.
+#include "entryfixture.h"
+
+using namespace hfc;
+using CommitTest = hfc::test::EntryFixture;
+
+namespace {
+const QString RowSql = "SELECT point, point2, ps2, ccall, ddate, bband, rsts, rstr, ps1, ttime, "
+                       "rstr1, rstr2, rsts1, rsts2, mult, ps, contr, PRF, mode, QTH FROM tbllog";
+}
+
+TEST_F(CommitTest, EveryFieldOfTheRowComesFromTheEntryLine) {
+    form->contestcode = "cqww";
+    typeCall("DL1ABC");
+    form->txtdate->setText("30.11.02");
+    form->txttime->setText("12:05:33");
+    form->lblrsts->setText("599");
+    form->txtrsts->setText("16");
+    form->lblrstr->setText("579");
+    form->txtrstr->setText("14");
+    form->txtmult->setText("DL");
+    form->txtmult2->setText("14");
+    form->txtpoint->setText("1");
+    form->txtpoint2->setText("2");
+    const int hour = form->hourcount;
+    form->click("cmbAdd");
+    const Rows rows = db.contest.query(RowSql);
+    ASSERT_EQ(rows.size(), 1u);
+    EXPECT_EQ(rows[0],
+              QStringList({"1",   "2",  "cqww",           "DL1ABC", "30.11.02", "14",  "599",
+                           "599", "CW", "12:05",          "579",    "14",       "599", "16",
+                           "DL",  "14", "FED. REP. OF G", "DL1",    "",         ""}));
+    EXPECT_EQ(form->focusName(), "txtcall");
+    EXPECT_EQ(form->qsorun, 1);
+    EXPECT_EQ(form->hourcount, hour + 1);
+    EXPECT_EQ(form->bandprev, 3);
+}
+
+TEST_F(CommitTest, SsbStoresFiveNineAndTheModeCaption) {
+    form->cmbmod_Click();
+    typeCall("DL1ABC");
+    form->wwodadd();
+    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1 FROM tbllog")[0],
+              QStringList({"59", "59", "SSB"}));
+}
+
+TEST_F(CommitTest, EmptyCallStoresNothingAndChangesNothing) {
+    form->txtrstr->setText("16");
+    form->txtpoint->setText("3");
+    form->click("cmbAdd");
+    EXPECT_EQ(logRows(), 0);
+    EXPECT_EQ(text("txtrstr"), "16");
+    EXPECT_EQ(form->qsorun, 0);
+}
+
+TEST_F(CommitTest, ARepeatIsStoredAsDupeWithoutMultipliersOrPoints) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww", "DL", "14", "1");
+    typeCall("DL1ABC");
+    ASSERT_EQ(mark(), "Повтор");
+    form->txtmult2->setText("14");
+    form->txtpoint->setText("1");
+    form->txtpoint2->setText("1");
+    form->wwodadd();
+    const Rows r = db.contest.query("SELECT ps1, mult, ps, point, point2 FROM tbllog "
+                                    "WHERE rowid = (SELECT max(rowid) FROM tbllog)");
+    EXPECT_EQ(r[0], QStringList({"DUPE", "", "", "0", "0"}));
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndZeroPoints) {
+    form->contestcode = "lzo";
+    addRow("LZ1AA", "7", "lzo", {}, {}, "1", "12:00");
+    at("12:10");
+    typeCall("LZ1AA");
+    ASSERT_EQ(mark(), "Рано");
+    form->wwodadd();
+    const Rows r = db.contest.query("SELECT ps1, point FROM tbllog WHERE ttime = '12:10'");
+    EXPECT_EQ(r[0], QStringList({"CW", "0"}));
+}
+
+TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
+    form->contestcode = "chemp";
+    typeCall("UA3ABC");
+    form->lblrstr->setText("2");
+    form->txtrstr->setText("2001");
+    form->txtmult->setText("MA");
+    form->txtpoint->setText("11");
+    form->wwodadd();
+    for (const char* box : {"txtcall", "txtrsts", "txtrstr", "txtmult", "txtmult2", "txtpoint",
+                            "txtpoint2", "txtstran5", "lblrstr"})
+        EXPECT_EQ(text(box), "") << box;
+    EXPECT_EQ(form->callstrana, "");
+    EXPECT_EQ(form->callcq, "");
+    EXPECT_EQ(form->callitu, "");
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(CommitTest, EnterInTheExchangeBoxScoresAndCommits) {
+    form->contestcode = "cqww";
+    form->cqfill = 0;
+    form->exchsel1 = 0; // digits
+    typeCall("JA1XYZ\r");
+    ASSERT_EQ(form->focusName(), "txtrstr");
+    EXPECT_EQ(text("txtrstr"), "25"); // pre-filled from the call
+    form->typeText("2a6\r");          // typing replaces it; the letter is refused
+    ASSERT_EQ(logRows(), 1);
+    EXPECT_EQ(db.contest.query("SELECT ccall, rstr2, point FROM tbllog")[0],
+              QStringList({"JA1XYZ", "26", "3"}));
+    EXPECT_EQ(form->focusName(), "txtcall");
+    // the same station again: a repeat with no points
+    typeCall("JA1XYZ\r");
+    form->typeText("\r"); // the pre-filled zone as it is
+    ASSERT_EQ(logRows(), 2);
+    EXPECT_EQ(db.contest.query("SELECT ps1, point FROM tbllog WHERE rowid = 2")[0],
+              QStringList({"DUPE", "0"}));
+}
+
+TEST_F(CommitTest, EnterInAnEmptyExchangeBoxCommitsNothing) {
+    typeCall("DL1ABC\r");
+    form->typeText("\r");
+    EXPECT_EQ(logRows(), 0);
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    form->typeText("x\b\r"); // typed and taken back
+    EXPECT_EQ(logRows(), 0);
+}
+
+TEST_F(CommitTest, ExchangeCharacterSetFollowsTheSwitches) {
+    auto typed = [&](int s1, int s2, int s3, int s4) {
+        form->exchsel1 = s1;
+        form->exchsel2 = s2;
+        form->exchsel3 = s3;
+        form->exchsel4 = s4;
+        form->setFocus("txtrstr");
+        form->txtrstr->setText("");
+        form->typeText("a1/-");
+        return text("txtrstr");
+    };
+    form->txtcall->setText("DL1ABC");
+    EXPECT_EQ(typed(0, 1, 1, 1), "1");
+    EXPECT_EQ(typed(1, 0, 1, 1), "1");
+    EXPECT_EQ(typed(0, 1, 0, 1), "A"); // letters win over digits
+    EXPECT_EQ(typed(0, 0, 0, 0), "A1/");
+    EXPECT_EQ(typed(1, 1, 1, 1), "A1/-"); // no contest: anything goes
+}
+
+TEST_F(CommitTest, LogGridShowsThisContestNewestLastAndEditsTheRightRow) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww");
+    addRow("OK1XYZ", "14", "wpx");
+    addRow("G4ABC", "21", "cqww");
+    form->refreshLogGrid();
+    typeCall("F5ABC");
+    form->wwodadd();
+    const auto& rows = form->DBGrid3->rows();
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[0][0], "DL1ABC");
+    EXPECT_EQ(rows[1][0], "G4ABC");
+    EXPECT_EQ(rows[2][0], "F5ABC");
+
+    form->DBGrid3_Edit(1, "ccall", "g4abd");
+    form->DBGrid3_Edit(1, "Принят", "14a");
+    EXPECT_EQ(form->DBGrid3->rows()[1][0], "G4ABD");
+    EXPECT_EQ(form->DBGrid3->rows()[1][2], "14A");
+    EXPECT_EQ(form->DBGrid3->rows()[1][14], "14A"); // the second rstr2 column
+    EXPECT_EQ(db.contest.query("SELECT ccall, rstr2 FROM tbllog WHERE bband = '21'")[0],
+              QStringList({"G4ABD", "14A"}));
+    EXPECT_EQ(db.contest.scalar("SELECT ccall FROM tbllog WHERE ps2 = 'wpx'"), "OK1XYZ");
+    // unknown columns and rows change nothing
+    form->DBGrid3_Edit(1, "nosuch", "X");
+    form->DBGrid3_Edit(7, "ccall", "X");
+    EXPECT_EQ(db.contest.count("SELECT rowid FROM tbllog WHERE ccall = 'X'"), 0);
+
+    Event e;
+    e.keyAscii = 'q';
+    form->fire("DBGrid3_KeyPress", e);
+    EXPECT_EQ(e.keyAscii, 'Q');
+}
+
+TEST_F(CommitTest, ANewMultiplierRedrawsTheShownPrefixGrid) {
+    form->contestcode = "cqww";
+    form->multwid->setVisible(true);
+    form->txtMwid[13]->setText("14");
+    typeCall("DL1ABC");
+    form->txtmult2->setText("14");
+    form->wwodadd(); // stores ps "14"
+    EXPECT_EQ(form->txtMwid[13]->backcolor(), "#00ff00");
+}
+
+TEST_F(CommitTest, TheRunTimersFollowTheCommits) {
+    clock.advance(600);
+    typeCall("DL1ABC");
+    form->wwodadd();
+    EXPECT_EQ(form->lastqso, clock.localNow());
+    EXPECT_EQ(form->bandstart, clock.localNow()); // first QSO after the band was chosen
+    EXPECT_EQ(form->firstqso, clock.localNow());
+    const QDateTime first = clock.localNow();
+    clock.advance(60);
+    typeCall("DL2ABC");
+    form->wwodadd();
+    EXPECT_EQ(form->bandstart, first);
+    EXPECT_EQ(form->firstqso, first);
+    EXPECT_EQ(form->lastqso, clock.localNow());
+    form->cmbband_Click(4);
+    clock.advance(60);
+    typeCall("DL3ABC");
+    form->wwodadd();
+    EXPECT_EQ(form->bandstart, clock.localNow());
+    EXPECT_EQ(form->qsorun, 3);
+}
+
+TEST_F(CommitTest, TheShownWorkedListIsRefilledInItsContestsScope) {
+    form->List1->setVisible(true);
+    addRow("DL1ABC", "14", "cqww", "DL");
+    addRow("JA1XYZ", "21", "cqww", "JA");
+    form->contestcode = "cqww";
+    typeCall("F5ABC");
+    form->txtmult->setText("F");
+    form->wwodadd();
+    EXPECT_EQ(form->List1->items(), QStringList({"DL", "F"})); // this band only
+
+    addRow("OK1XYZ", "21", "wpx", "OK1");
+    form->contestcode = "wpx";
+    typeCall("DL2ABC");
+    form->txtmult->setText("DL2");
+    form->wwodadd();
+    EXPECT_EQ(form->List1->items(), QStringList({"OK1", "DL2"})); // all bands
+
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, rsts) VALUES "
+                   "('VK2A','21','vkzl','VK2','599'), ('VK3A','14','vkzl','VK3','59')");
+    form->contestcode = "vkzl";
+    typeCall("ZL1AA");
+    form->txtmult->setText("ZL1");
+    form->wwodadd(); // stored with rsts "599" (CW), which the sent-report box shows
+    EXPECT_EQ(form->List1->items(), QStringList({"VK2", "ZL1"})); // this report, all bands
+}
+
+TEST_F(CommitTest, LogGridCatchesUpWithChangesMadeElsewhere) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww");
+    form->setFocus("txtrstr");
+    form->setFocus("txtcall");
+    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
+    db.contest.run("DELETE FROM tbllog");
+    typeCall("F5ABC");
+    form->wwodadd(); // the grid missed the clearing: rebuilt, not appended to
+    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
+    EXPECT_EQ(form->DBGrid3->rows()[0][0], "F5ABC");
+    addRow("G4ABC", "14", "cqww");
+    form->setFocus("txtrstr");
+    form->setFocus("txtcall");
+    EXPECT_EQ(form->DBGrid3->rows().size(), 2u);
+}

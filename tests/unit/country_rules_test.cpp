@@ -1,0 +1,108 @@
+// Rules that follow from the callsign alone: prefix cut, Russian areas, district key, CQ-M
+// areas, the European list.
+#include "country/callprefix.h"
+#include "country/russia.h"
+
+#include <gtest/gtest.h>
+
+using namespace hfc;
+
+TEST(CallPrefix, PlainCallsRunToTheDigitsAfterTheFirstCharacter) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"UA3ABC", "UA3"}, {"DL1ABC", "DL1"},     {"K1AR", "K1"},   {"9A1AA", "9A1"},
+        {"2E0ABC", "2E0"}, {"3DA0RU", "3DA0"},    {"4X4AA", "4X4"}, {"S52AA", "S52"},
+        {"E73AB", "E73"},  {"LY2000X", "LY2000"}, {"UA3", "UA3"},   {"OH2", "OH2"}};
+    for (auto [call, prefix] : cases) EXPECT_EQ(callPrefix(call), prefix) << call;
+}
+
+TEST(CallPrefix, CallsWithoutADigitGetZero) {
+    EXPECT_EQ(callPrefix("RAEM"), "RA0");
+    EXPECT_EQ(callPrefix("UA"), "UA0");
+    EXPECT_EQ(callPrefix("9A"), "9A0");
+    // one character has no prefix: the caller keeps what it had
+    EXPECT_EQ(callPrefix("U"), "");
+    EXPECT_EQ(callPrefix(""), "");
+}
+
+TEST(CallPrefix, SlashRules) {
+    EXPECT_EQ(callPrefix("F/UA3ABC"), "F0"); // "/" as second character
+    EXPECT_EQ(callPrefix("F/"), "F0");
+    EXPECT_EQ(callPrefix("PA/N8BJQ"), "PA0");
+    EXPECT_EQ(callPrefix("OH2/UA3ABC"), "OH2");
+    EXPECT_EQ(callPrefix("K1ABC/VP9"), "VP9");
+    EXPECT_EQ(callPrefix("UA3ABC/9"), "UA9");
+    EXPECT_EQ(callPrefix("LY2000X/1"), "LY1");
+    EXPECT_EQ(callPrefix("UA3ABC/P"), "UA3");
+    EXPECT_EQ(callPrefix("UA3ABC/QRP"), "UA3");
+    EXPECT_EQ(callPrefix("UA3ABC/MM"), "UA3");
+    EXPECT_EQ(callPrefix("UA3ABC/"), "UA3"); // still typing
+    EXPECT_EQ(callPrefix("DL/HB9DQJ/LH"), "DL0");
+    EXPECT_EQ(callPrefix("OH2/UA3ABC/P"), "OH2");
+}
+
+TEST(RussianAreas, AreaDigitAndSlashSuffixDecideEntityAndContinent) {
+    struct Case {
+        const char* call;
+        const char* pref;
+        const char* kont;
+    } cases[] = {
+        {"UA9ABC", "UA9", "AS"},   {"RA0AA", "UA9", "AS"},    {"UA2FAA", "UA2", "EU"},
+        {"UA3ABC", "UA", "EU"},    {"UA3ABC/9", "UA9", "AS"}, {"UA3ABC/0", "UA9", "AS"},
+        {"UA9ABC/1", "UA", "EU"},  {"UA9ABC/6", "UA", "EU"},  {"UA9ABC/2", "UA2", "EU"},
+        {"UA9ABC/5", "UA9", "AS"},                     // no rule for 5: the area digit stands
+        {"UA9ABC/P", "UA9", "AS"}, {"R9", "UA", "EU"}, // too short for the area digit
+    };
+    for (const Case& c : cases) {
+        QString pref = "UA", kont = "EU";
+        refineRussianArea(c.call, pref, kont);
+        EXPECT_EQ(pref, c.pref) << c.call;
+        EXPECT_EQ(kont, c.kont) << c.call;
+    }
+}
+
+TEST(RussianAreas, DistrictKeyIsTheAreaDigitAndTheLetterAfterIt) {
+    EXPECT_EQ(russianDistrictKey("RA3ABC"), "3A");
+    EXPECT_EQ(russianDistrictKey("R3ABC"), "3A");
+    EXPECT_EQ(russianDistrictKey("UA9XAA"), "9X");
+    EXPECT_EQ(russianDistrictKey("UA0QBR"), "0Q");
+    EXPECT_EQ(russianDistrictKey("UA3"), "");  // three characters: no key
+    EXPECT_EQ(russianDistrictKey("RAEM"), ""); // no digit
+}
+
+TEST(CqmAreas, OwnMultiplierAreasAndTheRest) {
+    EXPECT_EQ(cqmPrefix("UA4SAA", "UA"), "UA4S");
+    EXPECT_EQ(cqmPrefix("RA4YA", "UA"), "UA4Y");
+    EXPECT_EQ(cqmPrefix("UA4AAA", "UA"), "UA");
+    EXPECT_EQ(cqmPrefix("UA1NAA", "UA"), "UA1N");
+    EXPECT_EQ(cqmPrefix("UA1AAA", "UA"), "UA");
+    EXPECT_EQ(cqmPrefix("UA6IAA", "UA"), "UA6I");
+    EXPECT_EQ(cqmPrefix("UA9XAA", "UA9"), "UA9X");
+    EXPECT_EQ(cqmPrefix("UA9AAA", "UA9"), "UA9");
+    EXPECT_EQ(cqmPrefix("UA0YAA", "UA9"), "UA0Y");
+    EXPECT_EQ(cqmPrefix("UA0AAA", "UA9"), "UA9");
+    EXPECT_EQ(cqmPrefix("UA4", "UA"), "UA");
+}
+
+TEST(EuropeanList, PaddedThreeCharacterEntries) {
+    EXPECT_TRUE(inEuropeanList("F"));
+    EXPECT_TRUE(inEuropeanList("I"));
+    EXPECT_TRUE(inEuropeanList("OH0"));
+    EXPECT_TRUE(inEuropeanList("EA6"));
+    EXPECT_TRUE(inEuropeanList("TK"));
+    EXPECT_TRUE(inEuropeanList("SV9"));
+    EXPECT_FALSE(inEuropeanList("EA8"));
+    EXPECT_FALSE(inEuropeanList("ON"));
+    EXPECT_FALSE(inEuropeanList("UA"));
+    EXPECT_FALSE(inEuropeanList("O")); // no match across entry boundaries
+    EXPECT_FALSE(inEuropeanList("0OJ"));
+    EXPECT_EQ(QString::fromLatin1(EuropeanList).size(), 29 * 3);
+}
+
+TEST(Zones, OneDigitZonesArePadded) {
+    EXPECT_EQ(padZone("3"), "03");
+    EXPECT_EQ(padZone("16"), "16");
+    EXPECT_EQ(padZone(""), "");
+    EXPECT_EQ(eu13Points("EU"), "1");
+    EXPECT_EQ(eu13Points("AS"), "3");
+    EXPECT_EQ(eu13Points(""), "3");
+}

@@ -1,0 +1,153 @@
+// Country, zones and prefix of typed calls, resolved against the seeded prefix and district
+// tables.
+#include "entryfixture.h"
+
+using namespace hfc;
+using CountryTest = hfc::test::EntryFixture;
+
+namespace {
+struct Expect {
+    const char* call;
+    const char* pref;
+    const char* kont;
+    const char* cq;
+    const char* itu;
+    const char* strana;
+};
+} // namespace
+
+TEST_F(CountryTest, RealCallsOfManyEntitiesResolveToTheLongestMatchingRow) {
+    const Expect cases[] = {
+        {"DL1ABC", "DL", "EU", "14", "28", "FED. REP. OF G"},
+        {"W1AW", "K", "NA", "05", "08", "UNITED STATES"}, // one-digit zones padded
+        {"JA1XYZ", "JA", "AS", "25", "45", "JAPAN"},
+        {"VK2ABC", "VK", "OC", "30", "59", "AUSTRALIA"},
+        {"EA8ABC", "EA8", "AF", "33", "36", "CANARY ISLANDS"}, // EA8 over EA
+        {"EA6AA", "EA6", "EU", "14", "37", "BALEARIC ISLAN"},
+        {"OH0A", "OH0", "EU", "15", "18", "ALAND ISLANDS"}, // OH0 over OH
+        {"OH2BH", "OH", "EU", "15", "18", "FINLAND"},
+        {"SV9ABC", "SV9", "EU", "20", "28", "CRETE"},
+        {"CT3AA", "CT3", "AF", "33", "36", "MADEIRA ISLAND"},
+        {"4U1ITU", "4U1I", "EU", "14", "28", "ITU HQ"},
+        {"HB0AA", "HB0", "EU", "14", "28", "LIECHTENSTEIN"},
+        {"TA1AD", "TA1", "EU", "20", "39", "EUROPEAN TURKE"},
+        {"TA1AD/0", "TA", "AS", "20", "39", "ASIATIC TURKEY"}, // an exact-call row with "/"
+        {"ZL1AA", "ZL", "OC", "32", "60", "NEW ZEALAND"},
+    };
+    for (const Expect& c : cases) {
+        resolve(c.call);
+        EXPECT_EQ(form->callpref, c.pref) << c.call;
+        EXPECT_EQ(form->callkont, c.kont) << c.call;
+        EXPECT_EQ(form->callcq, c.cq) << c.call;
+        EXPECT_EQ(form->callitu, c.itu) << c.call;
+        EXPECT_EQ(form->callstrana, c.strana) << c.call;
+        EXPECT_EQ(text("txtstran5"), c.strana) << c.call;
+    }
+}
+
+TEST_F(CountryTest, RussianCallsTakeEntityFromTheAreaAndZonesFromTheDistrict) {
+    const Expect cases[] = {
+        {"UA3ABC", "UA", "EU", "16", "29", "RUSSIAN"},
+        {"RA9XAA", "UA9", "AS", "17", "19", "RUSSIAN"}, // Komi: district zones, not UA9's
+        {"UA0QBR", "UA9", "AS", "19", "23", "RUSSIAN"},
+        {"R2FAA", "UA2", "EU", "15", "29", "RUSSIAN"},
+        {"UA3ABC/9", "UA9", "AS", "16", "29", "RUSSIAN"}, // zones still from area 3
+        {"UA9ABC/2", "UA2", "EU", "17", "30", "RUSSIAN"},
+    };
+    for (const Expect& c : cases) {
+        resolve(c.call);
+        EXPECT_EQ(form->callpref, c.pref) << c.call;
+        EXPECT_EQ(form->callkont, c.kont) << c.call;
+        EXPECT_EQ(form->callcq, c.cq) << c.call;
+        EXPECT_EQ(form->callitu, c.itu) << c.call;
+        EXPECT_EQ(form->callstrana, c.strana) << c.call;
+    }
+}
+
+TEST_F(CountryTest, AnUnknownCallKeepsThePreviousValues) {
+    resolve("DL1ABC");
+    resolve("Q1ABC");
+    EXPECT_EQ(form->callpref, "DL");
+    EXPECT_EQ(form->callstrana, "FED. REP. OF G");
+    EXPECT_EQ(form->callprf, "Q1"); // the prefix cut does not need the table
+}
+
+TEST_F(CountryTest, PrefixIsCutOnEveryKeyFromTheSecondCharacter) {
+    typeCall("O");
+    EXPECT_EQ(form->callprf, "");
+    form->typeText("H");
+    EXPECT_EQ(form->callprf, "OH0");
+    form->typeText("2/UA3ABC");
+    EXPECT_EQ(form->callprf, "OH2");
+    EXPECT_EQ(form->callpref, "OH"); // the table walk starts at the call's beginning
+}
+
+TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
+    form->contestcode = "rudx";
+    resolve("RA3AA");
+    EXPECT_EQ(form->kodsrr, "MA");
+    EXPECT_EQ(text("txtrstr"), "MA");
+    resolve("UA9XAA");
+    EXPECT_EQ(text("txtrstr"), "KO");
+    resolve("DL1ABC");
+    EXPECT_EQ(text("txtrstr"), "");
+    // another contest leaves the exchange alone
+    form->contestcode = "cqww";
+    form->txtrstr->setText("");
+    resolve("RA3AA");
+    EXPECT_EQ(text("txtrstr"), "");
+}
+
+TEST_F(CountryTest, ZoneSwitchesPrefillTheExchange) {
+    form->cqfill = 0;
+    resolve("W1AW");
+    EXPECT_EQ(text("txtrstr"), "05");
+    form->cqfill = 1;
+    form->itufill = 0;
+    resolve("JA1XYZ");
+    EXPECT_EQ(text("txtrstr"), "45");
+}
+
+TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
+    form->contestcode = "cqm";
+    resolve("UA4SAA");
+    EXPECT_EQ(form->callpref, "UA4S");
+    resolve("UA4AAA");
+    EXPECT_EQ(form->callpref, "UA");
+    resolve("RA9XAA");
+    EXPECT_EQ(form->callpref, "UA9X");
+    form->contestcode = "cqww";
+    resolve("UA4SAA");
+    EXPECT_EQ(form->callpref, "UA");
+}
+
+TEST_F(CountryTest, UbaPointsFollowTheEuropeanList) {
+    form->contestcode = "uba";
+    resolve("F5ABC");
+    EXPECT_EQ(text("txtpoint"), "3");
+    EXPECT_EQ(form->multcand, "F");
+    resolve("EA8ABC");
+    EXPECT_EQ(text("txtpoint"), "1");
+    resolve("ON4AA");
+    EXPECT_EQ(text("txtpoint"), "10");
+    EXPECT_EQ(form->multcand, "ON");
+}
+
+TEST_F(CountryTest, YuCountsOnlyYuStations) {
+    form->contestcode = "yu";
+    form->txtmult->setText("X");
+    resolve("DL1ABC");
+    EXPECT_EQ(text("txtpoint"), "0");
+    EXPECT_EQ(text("txtmult"), "");
+    resolve("YU1AA");
+    EXPECT_EQ(form->multcand, "YU");
+}
+
+TEST_F(CountryTest, OwnCallIsResolvedToo) {
+    form->TXTNCALL->setText("RA9XAA");
+    form->resolveOwnCall();
+    EXPECT_EQ(form->ownpref, "UA9");
+    EXPECT_EQ(form->ownkont, "AS");
+    EXPECT_EQ(form->owncq, "17");
+    EXPECT_EQ(form->ownitu, "19");
+}

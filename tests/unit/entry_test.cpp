@@ -1,0 +1,219 @@
+// The callsign box: key filter, focus moves, partial-call list and the repeat rules.
+#include "entryfixture.h"
+
+using namespace hfc;
+using EntryTest = hfc::test::EntryFixture;
+
+TEST_F(EntryTest, KeyFilterUpperCasesAndRefusesOutsideTheCallSet) {
+    typeCall("ua3abc/p");
+    EXPECT_EQ(text("txtcall"), "UA3ABC/P");
+    typeCall("dl-1ä#b\u0436c"); // "-", umlaut, "#", Cyrillic: refused
+    EXPECT_EQ(text("txtcall"), "DL1BC");
+    typeCall("\u0430"); // Cyrillic lower case: upper-cased and still refused
+    EXPECT_EQ(text("txtcall"), "");
+}
+
+TEST_F(EntryTest, AFifteenthCharacterIsRefused) {
+    typeCall("ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(text("txtcall"), "ABCDEFGHIJKLMN");
+    form->typeText("\b");
+    EXPECT_EQ(text("txtcall"), "ABCDEFGHIJKLM");
+    form->typeText("X");
+    EXPECT_EQ(text("txtcall"), "ABCDEFGHIJKLMX");
+}
+
+TEST_F(EntryTest, BackspaceClearsPointsMultipliersAndCountry) {
+    typeCall("DL1AB");
+    form->txtpoint->setText("3");
+    form->txtpoint2->setText("1");
+    form->txtmult->setText("DL");
+    form->txtmult2->setText("14");
+    Event e;
+    e.keyAscii = keys::Backspace;
+    form->fire("txtcall_KeyPress", e);
+    EXPECT_EQ(e.keyAscii, keys::Backspace); // passes on to the box
+    for (const char* box : {"txtpoint", "txtpoint2", "txtmult", "txtmult2", "txtstran5"})
+        EXPECT_EQ(text(box), "") << box;
+    // the key-up that follows resolves the shorter call again
+    form->typeText("\b");
+    EXPECT_EQ(text("txtcall"), "DL1A");
+    EXPECT_EQ(text("txtstran5"), "FED. REP. OF G");
+}
+
+TEST_F(EntryTest, WithoutABandTheFocusGoesToTheBandButtonsFirst) {
+    form->curband.clear();
+    typeCall("D");
+    EXPECT_EQ(form->focusName(), "cmbband(3)"); // the checked button
+}
+
+TEST_F(EntryTest, EnterMovesAlongTheEntryLine) {
+    typeCall("\r");
+    EXPECT_EQ(form->focusName(), "txtcall"); // empty call stays
+    typeCall("DL1ABC\r");
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    form->contestcode = "chemp";
+    typeCall("UA3ABC\r");
+    EXPECT_EQ(form->focusName(), "lblrstr");
+    form->contestcode = "cqww";
+    form->mnuawto_Click(); // manual date and time
+    typeCall("\r");
+    EXPECT_EQ(form->focusName(), "txtdate");
+}
+
+TEST_F(EntryTest, ArrowsAndTheEmptyBox) {
+    typeCall("DL1ABC");
+    form->pressKey(keys::Down);
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    form->setFocus("txtcall");
+    form->pressKey(keys::Up);
+    EXPECT_EQ(form->focusName(), "cmbband(3)");
+
+    typeCall("");
+    form->pressKey(keys::Down); // nothing to go on with
+    EXPECT_EQ(form->focusName(), "txtcall");
+
+    form->txtrstr->setText("16");
+    form->txtpoint->setText("3");
+    form->txtmult->setText("DL");
+    typeCall("D\b");
+    EXPECT_EQ(text("txtrstr"), "");
+    EXPECT_EQ(text("txtpoint"), "0");
+    EXPECT_EQ(text("txtpoint2"), "0");
+    EXPECT_EQ(text("txtmult"), "");
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(EntryTest, PartialCallListVersusRepeat) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww");
+    addRow("DL1ABD", "14", "cqww");
+    addRow("DL1XYZ", "21", "cqww");
+    addRow("DL1AAA", "14", "wpx");
+    typeCall("DL1");
+    EXPECT_EQ(form->DBList1->items(), QStringList({"DL1ABC", "DL1ABD"}));
+    EXPECT_FALSE(marked());
+    form->typeText("ABC");
+    EXPECT_EQ(mark(), "Повтор");
+    ASSERT_EQ(form->DBGrid1->rows().size(), 1u); // the earlier QSO is shown
+    EXPECT_EQ(form->DBGrid1->rows()[0][0], "DL1ABC");
+    form->typeText("\b");
+    EXPECT_FALSE(marked());
+    // another band: no repeat
+    typeCall("DL1XYZ");
+    EXPECT_TRUE(form->DBList1->items().isEmpty());
+    EXPECT_FALSE(marked());
+    form->cmbband_Click(4);
+    typeCall("DL1XYZ");
+    EXPECT_EQ(mark(), "Повтор");
+}
+
+TEST_F(EntryTest, RepeatEmptiesTheMultiplierBox) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww", "DL", "14");
+    typeCall("DL1ABC");
+    EXPECT_EQ(mark(), "Повтор");
+    EXPECT_EQ(text("txtmult"), "");
+}
+
+TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {
+    // "bal": any band, same mode (rstr)
+    form->contestcode = "bal";
+    db.contest.run(
+        "INSERT INTO tbllog (ccall, bband, ps2, rstr) VALUES ('ES1AA','3,5','bal','59')");
+    typeCall("ES1AA");
+    EXPECT_FALSE(marked()); // CW now
+    form->cmbmod_Click();   // SSB
+    typeCall("ES1AA");
+    EXPECT_EQ(mark(), "Повтор");
+    // "sp": same band and same received report
+    form->contestcode = "sp";
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, rstr) VALUES ('SP1AA','14','sp','599')");
+    form->lblrstr->setText("59");
+    typeCall("SP1AA");
+    EXPECT_FALSE(marked());
+    form->lblrstr->setText("599");
+    typeCall("SP1AA");
+    EXPECT_EQ(mark(), "Повтор");
+}
+
+TEST_F(EntryTest, ChempCountsTheSameCallOnAnyBand) {
+    form->contestcode = "chemp";
+    addRow("UA3ABC", "7", "chemp", {}, {}, {}, "10:15");
+    at("12:05");
+    typeCall("UA3AB");
+    EXPECT_FALSE(marked()); // exact calls only
+    form->typeText("C");
+    EXPECT_EQ(mark(), "Повтор");
+}
+
+TEST_F(EntryTest, ChempAndEsAllowOneQsoPerBandAndClockHour) {
+    for (const char* code : {"chemp", "ES"}) {
+        form->contestcode = code;
+        addRow("ES1AA", "14", code, {}, {}, {}, "12:01");
+        at("12:59");
+        typeCall("ES1AA");
+        EXPECT_EQ(mark(), "Рано") << code;
+        EXPECT_EQ(text("txtpoint"), "0") << code;
+        EXPECT_EQ(text("txtmult"), "") << code;
+        at("13:00");
+        typeCall("ES1AA");
+        EXPECT_NE(mark(), "Рано") << code;
+    }
+    // ES: another band is another QSO
+    form->contestcode = "ES";
+    form->cmbband_Click(2);
+    at("12:30");
+    typeCall("ES1AA");
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(EntryTest, LzoWantsThirtyMinutesOnAnyBand) {
+    form->contestcode = "lzo";
+    addRow("LZ1AA", "7", "lzo", {}, {}, {}, "12:00");
+    at("12:29");
+    typeCall("LZ1AA");
+    EXPECT_EQ(mark(), "Рано");
+    EXPECT_EQ(text("txtpoint"), "0");
+    at("12:30");
+    typeCall("LZ1AA");
+    EXPECT_FALSE(marked());
+    // a longer call that begins with it is another station
+    typeCall("LZ1A");
+    EXPECT_FALSE(marked());
+    // no wrap at midnight: 00:10 after 23:50 is too early
+    addRow("LZ2BB", "14", "lzo", {}, {}, {}, "23:50");
+    at("00:10");
+    typeCall("LZ2BB");
+    EXPECT_EQ(mark(), "Рано");
+    // lzo has no plain repeat mark
+    at("12:45");
+    typeCall("LZ1AA");
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(EntryTest, RaemAllowsOneQsoPerClockHourOverAllBands) {
+    form->contestcode = "raem";
+    addRow("RAEM", "7", "raem", {}, {}, {}, "14:01");
+    form->cmbband_Click(3);
+    at("14:59");
+    typeCall("RAEM");
+    EXPECT_EQ(mark(), "Рано");
+    at("15:00");
+    typeCall("RAEM");
+    EXPECT_FALSE(marked());
+}
+
+TEST_F(EntryTest, GotFocusStartsANewQsoWithCleanBoxes) {
+    form->setFocus("txtrstr");
+    form->txtpoint->setText("3");
+    form->txtrstr->setText("16");
+    form->setFocus("txtcall");
+    EXPECT_EQ(text("txtpoint"), "");
+    EXPECT_EQ(text("txtrstr"), "");
+    // a call being corrected keeps its exchange
+    form->txtcall->setText("DL1ABC");
+    form->setFocus("txtrstr");
+    form->txtrstr->setText("14");
+    form->setFocus("txtcall");
+    EXPECT_EQ(text("txtrstr"), "14");
+}
