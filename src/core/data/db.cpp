@@ -13,10 +13,49 @@ namespace {
         (what + QStringLiteral(": ") + QString::fromUtf8(sqlite3_errmsg(db))).toStdString());
 }
 
-// cdate(ddate): the calendar value of a stored "dd.mm.yy" date, so that logs sort by date.
+int digit(char c) {
+    return c >= '0' && c <= '9' ? c - '0' : -1;
+}
+
+// The usual "dd.mm.yy" read straight from the bytes into "yyyy-mm-dd"; false for anything else
+// (other widths, four-digit years, no such day), which then takes the general parser.
+bool quickSortKey(const char* t, int n, char out[10]) {
+    if (n != 8 || t[2] != '.' || t[5] != '.') return false;
+    int v[6];
+    for (int i = 0, j = 0; i < 8; ++i) {
+        if (i == 2 || i == 5) continue;
+        if ((v[j++] = digit(t[i])) < 0) return false;
+    }
+    const int d = v[0] * 10 + v[1], m = v[2] * 10 + v[3], yy = v[4] * 10 + v[5];
+    const int y = yy + (yy < 30 ? 2000 : 1900);
+    static const int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (m < 1 || m > 12 || d < 1) return false;
+    const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+    if (d > days[m - 1] + (m == 2 && leap)) return false;
+    out[0] = char('0' + y / 1000);
+    out[1] = char('0' + y / 100 % 10);
+    out[2] = char('0' + y / 10 % 10);
+    out[3] = char('0' + y % 10);
+    out[4] = '-';
+    out[5] = t[3];
+    out[6] = t[4];
+    out[7] = '-';
+    out[8] = t[0];
+    out[9] = t[1];
+    return true;
+}
+
+// cdate(ddate): the calendar value of a stored "dd.mm.yy" date, so that logs sort by date. It
+// runs once per row of every sorted report, so the common form is read without Qt.
 void cdateFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
-    const QByteArray key = ddateSortKey(t ? QString::fromUtf8(t) : QString()).toUtf8();
+    const int n = sqlite3_value_bytes(argv[0]);
+    char quick[10];
+    if (t && quickSortKey(t, n, quick)) {
+        sqlite3_result_text(ctx, quick, 10, SQLITE_TRANSIENT);
+        return;
+    }
+    const QByteArray key = ddateSortKey(t ? QString::fromUtf8(t, n) : QString()).toUtf8();
     sqlite3_result_text(ctx, key.constData(), int(key.size()), SQLITE_TRANSIENT);
 }
 

@@ -88,6 +88,7 @@ void ContestForm::wwodadd() {
             lblrsts->text(), txtrsts->text(), txtmult->text(), txtmult2->text(), callstrana,
             callprf});
     const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
+    tally().inserted(rowid);
     ++hourcount;
     appendLogGridRow(rowid);
 
@@ -172,9 +173,14 @@ void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& va
     }
     if (field.isEmpty()) return;
     const QString upper = value.toUpper();
+    const QString rowid = QString::number(grid3rowids[row]);
+    QStringList bands{
+        logDb().scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {rowid})};
+    if (field == QLatin1String("bband")) bands << upper;
     // The field name comes from the fixed list above, never from the caller's text.
     logDb().run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(field),
-                {upper, QString::number(grid3rowids[row])});
+                {upper, rowid});
+    tally().touched(bands);
     for (int i = 0; i < fields.size(); ++i)
         if (fields[i] == field) DBGrid3->setCell(row, i, upper);
     grid3changes = changesOf(logDb());

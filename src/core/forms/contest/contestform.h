@@ -16,10 +16,12 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+#include "data/logtally.h"
 #include "forms/form.h"
 
 #include <QDateTime>
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace hfc {
@@ -141,6 +143,7 @@ class ContestForm : public Form {
     // recount.cpp
     void nextserial();
     void recount();
+    LogTally& tally(); // the log's per-band figures, kept between recounts
     // multipliers.cpp
     void multcheck();
     void pscheck();
@@ -280,6 +283,7 @@ class ContestForm : public Form {
     void showPorts();
     void portBusy();
     QHash<QString, Form*> subForms_;
+    std::unique_ptr<LogTally> tally_; // recount.cpp
 };
 
 } // namespace hfc
