@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <cstdio>
 #include <sqlite3.h>
 
 static void initSeedResource() {
@@ -107,6 +108,45 @@ bool checkExisting(const QString& path, const DbFileDef& def, QString& why) {
     return ok;
 }
 
+// The files a database at path may leave beside it.
+void removeWithCompanions(const QString& path) {
+    for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+        QFile::remove(path + QLatin1String(suffix));
+}
+
+// A missing file is built and seeded under a working name and renamed into place only when
+// complete, so a start cut short (a crash, a full disk) never leaves a half-seeded file that
+// the next start would refuse.
+bool createSeeded(const QString& path, const DbFileDef& def, Db& db, QString& error) {
+    const QString work = path + QStringLiteral(".new");
+    removeWithCompanions(work);
+    try {
+        db.open(work, true);
+        db.begin();
+        for (const TableDef& t : def.tables) {
+            db.exec(createTableSql(t));
+            seedTable(db, t);
+        }
+        db.commit();
+        db.close();
+    } catch (const DbError& e) {
+        db.close();
+        removeWithCompanions(work);
+        error = QStringLiteral("Не удалось создать файл базы данных «%1»: %2.")
+                    .arg(QDir::toNativeSeparators(path), QString::fromUtf8(e.what()));
+        return false;
+    }
+    // rename() replaces nothing that appeared meanwhile only if we check; it is atomic on POSIX.
+    if (QFileInfo::exists(path) ||
+        std::rename(QFile::encodeName(work).constData(), QFile::encodeName(path).constData()) != 0) {
+        removeWithCompanions(work);
+        error = QStringLiteral("Не удалось создать файл базы данных «%1».")
+                    .arg(QDir::toNativeSeparators(path));
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 QString defaultDataDir() {
@@ -150,27 +190,18 @@ bool Databases::open(const QString& dir, QString& error) {
     for (const DbFileDef& def : databaseFiles()) {
         const QString path = filePath(def.file);
         Db& db = *byKey(def.key);
-        const bool fresh = !QFileInfo::exists(path);
+        if (!QFileInfo::exists(path) && !createSeeded(path, def, db, error)) return false;
         try {
-            db.open(path, fresh);
+            db.open(path, false);
             if (def.key == QLatin1String("contest")) {
                 // A logged QSO must survive a crash or a power cut.
                 db.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
                 db.exec(QStringLiteral("PRAGMA synchronous=FULL"));
             }
-            if (fresh) {
-                db.begin();
-                for (const TableDef& t : def.tables) {
-                    db.exec(createTableSql(t));
-                    seedTable(db, t);
-                }
-                db.commit();
-            }
             for (const TableDef& t : def.tables)
                 for (const QString& ix : t.indexes) db.exec(ix);
         } catch (const DbError& e) {
             db.close();
-            if (fresh) QFile::remove(path);
             error = unusableMessage(path, QString::fromUtf8(e.what()));
             return false;
         }

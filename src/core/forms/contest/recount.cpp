@@ -52,9 +52,12 @@ void ContestForm::nextserial() {
         if (txtrsts->text() == QLatin1String("001")) {
             pass = QStringLiteral("000");
         } else {
-            const Rows last = db.query(QStringLiteral("SELECT rstr2 FROM tbllog WHERE ps2 = ?1 "
-                                                      "ORDER BY rowid DESC LIMIT 1"),
-                                       {contestcode});
+            // Read back from the end of the table: the last QSO is nearly always the newest
+            // row. An index on the contest would make SQLite sort all of its rows instead.
+            const Rows last =
+                db.query(QStringLiteral("SELECT rstr2 FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
+                                        "ORDER BY rowid DESC LIMIT 1"),
+                         {contestcode});
             if (!last.empty()) pass = last[0][0].left(3);
         }
         lblrsts->setText(txtrsts->text());
