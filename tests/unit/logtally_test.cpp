@@ -69,8 +69,7 @@ struct LogTallyTest : FormFixture {
                        .arg(text(QString("qsoband(%1)").arg(b)))
                        .arg(text(QString("multband(%1)").arg(b)))
                        .arg(text(QString("multband1(%1)").arg(b)));
-        out << QString("total %1/%2/%3")
-                   .arg(text("qsotot"), text("multtot"), text("multtot1"));
+        out << QString("total %1/%2/%3").arg(text("qsotot"), text("multtot"), text("multtot1"));
         out << "serial count " + text("TXTRSTS2");
         return out;
     }
@@ -123,7 +122,8 @@ struct LogTallyTest : FormFixture {
                 addRow("SP2Y", pick(Bands), contest, pick({"SP", ""}), "15", "4");
             }
             form->txtcall_GotFocus();
-            ASSERT_EQ(shownPanel(), expectedPanel(contest)) << contest.toStdString() << " step " << i;
+            ASSERT_EQ(shownPanel(), expectedPanel(contest))
+                << contest.toStdString() << " step " << i;
         }
     }
 };

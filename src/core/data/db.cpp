@@ -8,9 +8,15 @@ namespace hfc {
 
 namespace {
 
+QString fileOf(sqlite3* db) {
+    const char* f = db ? sqlite3_db_filename(db, "main") : nullptr;
+    return f ? QString::fromUtf8(f) : QString();
+}
+
 [[noreturn]] void fail(sqlite3* db, const QString& what) {
     throw DbError(
-        (what + QStringLiteral(": ") + QString::fromUtf8(sqlite3_errmsg(db))).toStdString());
+        (what + QStringLiteral(": ") + QString::fromUtf8(sqlite3_errmsg(db))).toStdString(),
+        sqlite3_errcode(db) & 0xff, fileOf(db));
 }
 
 int digit(char c) {
@@ -111,11 +117,12 @@ Db::~Db() {
 void Db::open(const QString& path, bool create) {
     close();
     const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
-    if (sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr) != SQLITE_OK) {
+    const int rc = sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr);
+    if (rc != SQLITE_OK) {
         const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("open");
         sqlite3_close(db_);
         db_ = nullptr;
-        throw DbError(msg.toStdString());
+        throw DbError(msg.toStdString(), rc & 0xff, path);
     }
     path_ = path;
     sqlite3_busy_timeout(db_, 5000);
@@ -131,10 +138,11 @@ void Db::close() {
 
 void Db::exec(const QString& sql) {
     char* err = nullptr;
-    if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err) != SQLITE_OK) {
+    const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err);
+    if (rc != SQLITE_OK) {
         const QString msg = QString::fromUtf8(err ? err : "exec");
         sqlite3_free(err);
-        throw DbError((sql + QStringLiteral(": ") + msg).toStdString());
+        throw DbError((sql + QStringLiteral(": ") + msg).toStdString(), rc & 0xff, path_);
     }
 }
 
@@ -215,6 +223,35 @@ QStringList Db::columnNames(const QString& sql) {
 
 void Db::rollback() {
     if (db_ && !sqlite3_get_autocommit(db_)) exec(QStringLiteral("ROLLBACK"));
+}
+
+QString dbErrorReason(const DbError& e) {
+    switch (e.code()) {
+    case SQLITE_READONLY:
+        return QStringLiteral("файл доступен только для чтения");
+    case SQLITE_FULL:
+        return QStringLiteral("на диске нет места");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return QStringLiteral("файл повреждён или это не база данных SQLite");
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("файл занят другой программой");
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("файл не открывается: его нет или нет доступа к папке");
+    case SQLITE_IOERR:
+        return QStringLiteral("ошибка чтения или записи на диске");
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return QStringLiteral("нет доступа к файлу");
+    default:
+        return QStringLiteral("ошибка SQLite: ") + QString::fromUtf8(e.what());
+    }
+}
+
+QString dbErrorMessage(const DbError& e) {
+    const QString file = e.file().isEmpty() ? QStringLiteral("?") : e.file();
+    return QStringLiteral("Ошибка базы данных «%1»: %2.").arg(file, dbErrorReason(e));
 }
 
 QString globPrefix(const QString& prefix) {

@@ -85,9 +85,9 @@ void LogTally::countAll() {
     ++fullCounts_;
     bands_.clear();
     const QStringList c{contest_};
-    const Rows qsos = db_.query(
-        perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", false, 0),
-        {contest_, placeholder()});
+    const Rows qsos =
+        db_.query(perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", false, 0),
+                  {contest_, placeholder()});
     const Rows mults = db_.query(
         perBand("SELECT bband, COUNT(DISTINCT mult)", "ps2 = ?1 AND length(mult) > 0", false, 0),
         c);
@@ -105,9 +105,9 @@ void LogTally::countAll() {
 void LogTally::countBand(const QString& bband) {
     bands_.remove(bband);
     const QStringList cb{contest_, bband};
-    const Rows qsos = db_.query(
-        perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", true, 3),
-        {contest_, placeholder(), bband});
+    const Rows qsos =
+        db_.query(perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", true, 3),
+                  {contest_, placeholder(), bband});
     const Rows mults = db_.query(
         perBand("SELECT bband, COUNT(DISTINCT mult)", "ps2 = ?1 AND length(mult) > 0", true, 2),
         cb);

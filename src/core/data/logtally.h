@@ -18,9 +18,9 @@ namespace hfc {
 class LogTally {
   public:
     struct Band {
-        qint64 qsos = 0;   // rows whose call is not the placeholder
-        qint64 mults = 0;  // distinct non-empty mult
-        qint64 mults2 = 0; // distinct non-empty ps
+        qint64 qsos = 0;                       // rows whose call is not the placeholder
+        qint64 mults = 0;                      // distinct non-empty mult
+        qint64 mults2 = 0;                     // distinct non-empty ps
         std::optional<qint64> points, points2; // SUM(CAST(point AS INTEGER)); none over no values
     };
 
