@@ -10,6 +10,7 @@
 #include <QSet>
 #include <cstdio>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 static void initSeedResource() {
@@ -76,8 +77,14 @@ bool checkExisting(const QString& path, const DbFileDef& def, QString& why) {
         why = QStringLiteral("файл пуст");
         return false;
     }
-    sqlite3* h = nullptr;
     const QByteArray p = QFile::encodeName(path);
+    // The log must take every QSO; the reference tables are read far more than written, and a
+    // write into a read-only one is reported when it happens.
+    if (def.key == QLatin1String("contest") && ::access(p.constData(), W_OK) != 0) {
+        why = QStringLiteral("файл доступен только для чтения, журнал в него не записать");
+        return false;
+    }
+    sqlite3* h = nullptr;
     if (sqlite3_open_v2(p.constData(), &h, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
         sqlite3_close(h);
         h = nullptr;
@@ -127,12 +134,6 @@ bool checkExisting(const QString& path, const DbFileDef& def, QString& why) {
         why = QStringLiteral("файл повреждён (проверка целостности не пройдена)");
         return false;
     }
-    // The log must take every QSO; the reference tables are read far more than written, and a
-    // write into a read-only one is reported when it happens.
-    if (def.key == QLatin1String("contest") && ::access(p.constData(), W_OK) != 0) {
-        why = QStringLiteral("файл доступен только для чтения, журнал в него не записать");
-        return false;
-    }
     return true;
 }
 
@@ -176,6 +177,12 @@ bool createSeeded(const QString& path, const DbFileDef& def, Db& db, QString& er
     return true;
 }
 
+std::pair<quint64, quint64> fileId(const QString& path) {
+    struct stat st {};
+    if (::stat(QFile::encodeName(path).constData(), &st) != 0) return {0, 0};
+    return {quint64(st.st_dev), quint64(st.st_ino)};
+}
+
 } // namespace
 
 QString defaultDataDir() {
@@ -197,6 +204,11 @@ Db* Databases::byKey(const QString& key) {
 
 QString Databases::filePath(const QString& fileName) const {
     return dir_ + '/' + fileName;
+}
+
+bool Databases::stillInPlace(const Db& db) const {
+    const auto id = fileIds_.value(&db);
+    return db.isOpen() && id.second != 0 && fileId(db.path()) == id;
 }
 
 bool Databases::open(const QString& dir, QString& error) {
@@ -237,6 +249,7 @@ bool Databases::open(const QString& dir, QString& error) {
             }
             for (const TableDef& t : def.tables)
                 for (const QString& ix : t.indexes) db.exec(ix);
+            fileIds_.insert(&db, fileId(path));
         } catch (const DbError& e) {
             db.close();
             error = unusableMessage(path, dbErrorReason(e));
