@@ -14,7 +14,6 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
