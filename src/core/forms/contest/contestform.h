@@ -200,9 +200,9 @@ class ContestForm : public Form {
     void DBGrid3_Edit(int row, const QString& column, const QString& value);
     void appendLogGridRow(qint64 rowid);
     QStringList logGridRow(size_t i); // the fields of the grid's row i, read from the log
-    std::vector<qint64> grid3rowids; // tbllog rowid of each DBGrid3 row
-    QString grid3contest;            // the contest DBGrid3 shows
-    qint64 grid3changes = -1;        // the log's change count when DBGrid3 was last in step
+    std::vector<qint64> grid3rowids;  // tbllog rowid of each DBGrid3 row
+    QString grid3contest;             // the contest DBGrid3 shows
+    qint64 grid3changes = -1;         // the log's change count when DBGrid3 was last in step
     bool logGridStale();
     QDateTime firstqso; // the first QSO of this run
     // bands.cpp
