@@ -5,6 +5,7 @@
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
+#include "reports/exportcommand.h"
 #include "script/scriptedui.h"
 
 #include <QCryptographicHash>
@@ -65,14 +66,16 @@ struct BadFilesTest : ::testing::Test {
 
     void SetUp() override {
         data = dir.path() + "/data";
-        // A folder with a log of two QSOs, as the program leaves it.
+        // A folder with a log of 2000 QSOs, as the program leaves it.
         Databases db;
         QString error;
         ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        db.contest.begin();
         for (int i = 0; i < 2000; ++i)
             db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult) VALUES (?1, '14', "
                            "'cqww', 'UA')",
                            {QString("UA3A%1").arg(i)});
+        db.contest.commit();
         db.contest.exec("PRAGMA wal_checkpoint(TRUNCATE)");
     }
     QString path(const char* file) const { return data + '/' + file; }
@@ -293,6 +296,15 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
             .arg(ui.takeShown().filter("msgbox").size());
     });
     EXPECT_EQ(result, QString("0|Не удалось записать файл: %1/UA3ABC.LOG|0").arg(out));
+    // the command line says so and exits 1
+    const QString command = unprivileged([&] {
+        QString o, e;
+        QTextStream so(&o), se(&e);
+        const int code = runExportCommand({"--data-dir", data, "--to", out, "log"}, so, se);
+        se.flush();
+        return QString("%1|%2").arg(code).arg(e);
+    });
+    EXPECT_EQ(command, QString("1|Не удалось записать файл: %1/UA3ABC.LOG\n").arg(out));
     QFile again(out + "/UA3ABC.LOG");
     ASSERT_TRUE(again.open(QIODevice::ReadOnly));
     EXPECT_EQ(again.readAll(), "earlier report\n");
