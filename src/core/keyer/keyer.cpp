@@ -2,7 +2,26 @@
 
 #include "keyer/unitclock.h"
 
+#include <algorithm>
+
+#include <pthread.h>
+#include <sched.h>
+
 namespace hfc {
+
+namespace {
+
+// Keying is timing: a busy program on the same cores would otherwise hold the key line for a
+// whole scheduler slice (several milliseconds) and garble the code. The keyer thread asks for a
+// real-time slot; that is granted to root or under an rtprio limit (as audio programs get), and
+// otherwise the thread keeps the normal policy.
+void preferRealTime() {
+    sched_param p{};
+    p.sched_priority = std::min(10, sched_get_priority_max(SCHED_FIFO));
+    pthread_setschedparam(pthread_self(), SCHED_FIFO, &p);
+}
+
+} // namespace
 
 Keyer::Keyer(std::shared_ptr<KeyPort> port) : m_port(std::move(port)) {
     // The serial port is opened write-only, so it needs no event dispatcher on this thread.
@@ -65,6 +84,7 @@ bool Keyer::busy() const {
 }
 
 void Keyer::run() {
+    preferRealTime();
     std::unique_lock lock(m_mutex);
     for (;;) {
         m_wake.wait(lock, [this] { return m_stop || m_releasePending || !m_queue.empty(); });
