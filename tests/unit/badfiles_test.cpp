@@ -10,6 +10,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 #include <functional>
@@ -77,6 +78,16 @@ struct BadFilesTest : ::testing::Test {
                            {QString("UA3A%1").arg(i)});
         db.contest.commit();
         db.contest.exec("PRAGMA wal_checkpoint(TRUNCATE)");
+    }
+    // Write rights back everywhere, so that the folder can be removed by a user who is not root.
+    void TearDown() override {
+        chmod(QFile::encodeName(dir.path()).constData(), 0755);
+        QDirIterator it(dir.path(), QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString p = it.next();
+            chmod(QFile::encodeName(p).constData(), it.fileInfo().isDir() ? 0755 : 0644);
+        }
     }
     QString path(const char* file) const { return data + '/' + file; }
     QMap<QString, QByteArray> digests() const {
