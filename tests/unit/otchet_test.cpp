@@ -250,4 +250,19 @@ TEST_F(OtchetTest, AFileThatCannotBeWrittenIsReportedAndTheLogStays) {
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 1);
 }
 
+TEST_F(OtchetTest, APortableCallNamesFilesInTheChosenFolder) {
+    addRow("DL1ABC", "14", "cqww", "DL", "14", "3");
+    db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC/P'");
+    QTemporaryDir out;
+    open();
+    OtchetForm* w = otchet();
+    EXPECT_EQ(o("cmbreport"), "UA3ABC/P.LOG"); // the caption keeps the call as typed
+    w->txtput->setText(out.path());
+    w->cmbreport_Click();
+    EXPECT_TRUE(w->lastWriteOk);
+    EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P.LOG"));
+    w->Ccabrila_Click();
+    EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P"));
+}
+
 } // namespace

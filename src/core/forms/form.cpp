@@ -149,6 +149,12 @@ void Form::setFocus(Control* c) {
 }
 
 namespace {
+// A text box takes no control character: Esc, Ctrl+[ ... Ctrl+_ and Delete (127) are keys, not
+// text, as in any edit control.
+bool isPrintable(int ascii) {
+    return ascii >= 0x20 && ascii != 0x7f && !(ascii >= 0x80 && ascii < 0xa0);
+}
+
 int keyCodeOf(QChar c) {
     const QChar u = c.toUpper();
     if ((u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9')) return u.unicode();
@@ -233,7 +239,8 @@ void Form::typeChar(QChar c) {
             QString t = target->text();
             if (ascii == keys::Backspace) {
                 t.chop(1);
-            } else if (ascii > 26 && (target->maxLength() == 0 || t.size() < target->maxLength())) {
+            } else if (isPrintable(ascii) &&
+                       (target->maxLength() == 0 || t.size() < target->maxLength())) {
                 t += QChar(ascii);
             }
             target->setText(t);
@@ -298,7 +305,11 @@ Ui::Answer Form::msgbox(const QString& text, const QString& title, Ui::Buttons b
 }
 
 QString Form::inputbox(const QString& prompt, const QString& title) {
-    return env_.ui->inputbox(prompt, title).value_or(QString());
+    // An answer is one line of text: whatever control characters came with it (a pasted tab or
+    // line end) would end up in the log.
+    QString answer = env_.ui->inputbox(prompt, title).value_or(QString());
+    answer.removeIf([](QChar c) { return !isPrintable(c.unicode()); });
+    return answer;
 }
 
 QString num(long long v) {

@@ -43,7 +43,10 @@ SummaryBoxes OtchetForm::summaryBoxes() const {
 // where the window shows it quietly. Nothing here changes the log.
 void OtchetForm::writeReport(const QString& extension, const std::function<QByteArray()>& build) {
     txtput->setText(withTrailingSlash(txtput->text()));
-    const QString path = txtput->text() + tcall->text() + extension;
+    // A portable call ("UA3ABC/P") names a file, not a folder inside the output folder.
+    QString name = tcall->text();
+    name.replace(QLatin1Char('/'), QLatin1Char('_'));
+    const QString path = txtput->text() + name + extension;
     bool ok = false;
     try {
         ok = writeReportFile(path, build());
