@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QLabel>
 #include <QMenuBar>
+#include <QSet>
 #include <QVBoxLayout>
 
 namespace hfc {
@@ -18,6 +19,7 @@ AutoView::AutoView(Form* form, QWidget* parent)
     auto* v = new QVBoxLayout(this);
     auto* menus = new QMenuBar(this);
     bool anyMenu = false;
+    QSet<QChar> usedLetters;
     auto* grid = new QGridLayout;
     int row = 0;
     // Frames become group boxes; a control whose "frame" names one is laid out inside it, so
@@ -31,7 +33,15 @@ AutoView::AutoView(Form* form, QWidget* parent)
     }
     for (Control* c : form->controls()) {
         if (c->kind() == Control::Kind::Menu) {
-            menus->addAction(binder_->makeAction(c->name(), this));
+            // Alt and the first letter of the caption not taken by an earlier menu.
+            QChar letter;
+            for (const QChar ch : c->text())
+                if (ch.isLetter() && !usedLetters.contains(ch.toUpper())) {
+                    letter = ch;
+                    usedLetters.insert(ch.toUpper());
+                    break;
+                }
+            menus->addAction(binder_->makeAction(c->name(), this, letter));
             anyMenu = true;
             continue;
         }

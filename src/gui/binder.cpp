@@ -162,12 +162,25 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     return w;
 }
 
-QAction* Binder::makeAction(const QString& controlName, QObject* parent) {
+QString Binder::withMnemonic(const QString& caption, QChar mnemonic) {
+    QString text = caption;
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    if (mnemonic.isNull()) return text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].toUpper() == mnemonic.toUpper()) {
+            text.insert(i, QLatin1Char('&'));
+            break;
+        }
+    }
+    return text;
+}
+
+QAction* Binder::makeAction(const QString& controlName, QObject* parent, QChar mnemonic) {
     Control* c = form_->control(controlName);
-    auto* a = new QAction(c->text(), parent);
+    auto* a = new QAction(withMnemonic(c->text(), mnemonic), parent);
     connect(a, &QAction::triggered, this, [this, c] { form_->click(c); });
-    connect(c, &Control::changed, a, [a, c] {
-        a->setText(c->text());
+    connect(c, &Control::changed, a, [a, c, mnemonic] {
+        a->setText(withMnemonic(c->text(), mnemonic));
         a->setVisible(c->visible());
         a->setEnabled(c->enabled());
     });
@@ -368,7 +381,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
             return false;
         if (form_->focused() != c) form_->setFocus(c);
-        return forwardKey(form_, ke);
+        const bool forwarded = forwardKey(form_, ke);
+        if (ke->key() == Qt::Key_F10 && ke->modifiers() == Qt::NoModifier) emit menuKeyPressed();
+        return forwarded;
     }
     case QEvent::ShortcutOverride: {
         // Keys that Qt would take as shortcuts (F-keys, Esc) belong to the window's handlers.

@@ -23,13 +23,20 @@ class Binder : public QObject {
     // Creates the widget that fits the control's kind and binds it.
     QWidget* make(const QString& controlName, QWidget* parent = nullptr);
     QWidget* make(Control* c, QWidget* parent = nullptr);
-    // Binds a menu action to a menu-item control.
-    QAction* makeAction(const QString& controlName, QObject* parent);
+    // Binds a menu action to a menu-item control. The mnemonic letter (Alt+letter) is marked in
+    // the action's text only; the control's caption stays as the window has it.
+    QAction* makeAction(const QString& controlName, QObject* parent, QChar mnemonic = {});
+    // A caption with "&" before the first occurrence of the letter (any case), "&" escaped.
+    static QString withMnemonic(const QString& caption, QChar mnemonic);
     QWidget* widget(const QString& controlName) const;
 
     // Translates a Qt key event into the window's key codes; true when it was forwarded.
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
+
+  signals:
+    // F10 without modifiers: the key that takes the keyboard to the window's menu bar.
+    void menuKeyPressed();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -109,26 +109,33 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
 
     connect(form_, &ContestForm::exitRequested, this, &QWidget::close);
     connect(form_, &Form::formOpened, this, &MainWindow::openSubWindow);
+    // F10 opens the contest menu, whatever the keyboard layout.
+    connect(binder_, &Binder::menuKeyPressed, this,
+            [this] { menuBar()->setActiveAction(contestMenu_->menuAction()); });
     if (QWidget* w = binder_->widget(form_->focusName())) w->setFocus();
 }
 
+// The menu bar is reached from the keyboard: Alt and the underlined letter (a Russian letter, so
+// with the Russian layout on), or F10, which opens the contest menu whatever the layout is.
 void MainWindow::buildMenus() {
     QMenuBar* bar = menuBar();
-    auto* contests = bar->addMenu(form_->cmbadd1->text());
+    auto* contests = bar->addMenu(Binder::withMnemonic(form_->cmbadd1->text(), QChar(u'С')));
+    contestMenu_ = contests;
     QMenu* more = nullptr;
     for (const QString& item : form_->contestMenuItems()) {
-        if (item == QLatin1String("mnuuba")) more = contests->addMenu(form_->mnudal->text());
+        if (item == QLatin1String("mnuuba"))
+            more = contests->addMenu(Binder::withMnemonic(form_->mnudal->text(), QChar(u'Д')));
         (more ? more : contests)->addAction(binder_->makeAction(item, this));
     }
-    bar->addAction(binder_->makeAction("mnupol", this));
-    bar->addAction(binder_->makeAction("cmbotchet", this));
-    bar->addAction(binder_->makeAction("cmbvur", this));
-    bar->addAction(binder_->makeAction("mnudxcc", this));
-    auto* service = bar->addMenu(form_->mnuserw->text());
+    bar->addAction(binder_->makeAction("mnupol", this, QChar(u'Р')));
+    bar->addAction(binder_->makeAction("cmbotchet", this, QChar(u'О')));
+    bar->addAction(binder_->makeAction("cmbvur", this, QChar(u'В')));
+    bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
+    auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
                              "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
-    bar->addAction(binder_->makeAction("CMBEXIT", this));
+    bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
 
 QWidget* MainWindow::buildEntryLine() {

@@ -2,11 +2,13 @@
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "binder.h"
 #include "mainwindow.h"
 #include "script/scriptedui.h"
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -41,9 +43,33 @@ struct Window {
 TEST(MainWindowGui, MenuBarHasTheCaptionsInOrder) {
     Window w;
     QStringList captions;
-    for (QAction* a : w.win->menuBar()->actions()) captions << a->text();
+    QStringList mnemonics;
+    for (QAction* a : w.win->menuBar()->actions()) {
+        captions << QString(a->text()).remove('&');
+        mnemonics << QKeySequence::mnemonic(a->text()).toString();
+    }
     EXPECT_EQ(captions, QStringList({"Соревнования", "Результаты", "Отчет", "В журнал", "DXCC",
                                      "Сервис", "Выход"}));
+    // every menu has its own Alt+letter
+    EXPECT_EQ(mnemonics, QStringList({"Alt+С", "Alt+Р", "Alt+О", "Alt+В", "Alt+D", "Alt+И",
+                                      "Alt+Х"}));
+    EXPECT_EQ(w.form->cmbadd1->text(), "Соревнования"); // the model's caption has no mark
+    EXPECT_EQ(Binder::withMnemonic("A&B", QChar(u'b')), "A&&&B");
+}
+
+TEST(MainWindowGui, F10OpensTheContestMenu) {
+    Window w;
+    auto* call = w.win->findChild<QLineEdit*>("txtcall");
+    ASSERT_NE(call, nullptr);
+    w.win->activateWindow();
+    call->setFocus();
+    QTest::keyClick(call, Qt::Key_F10);
+    QAction* active = w.win->menuBar()->activeAction();
+    ASSERT_NE(active, nullptr);
+    EXPECT_EQ(QString(active->text()).remove('&'), "Соревнования");
+    ASSERT_NE(active->menu(), nullptr);
+    EXPECT_TRUE(active->menu()->isVisible());
+    active->menu()->close();
 }
 
 TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
