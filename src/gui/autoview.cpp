@@ -67,9 +67,8 @@ AutoView::AutoView(Form* form, QWidget* parent)
     else
         delete menus;
     v->addLayout(grid);
-    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
     resize(700, 600);
-    setVisible(form->isShown());
+    Binder::followShown(form, this);
 }
 
 } // namespace hfc

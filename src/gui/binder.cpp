@@ -95,6 +95,7 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
         t->setSelectionBehavior(QAbstractItemView::SelectRows);
         t->verticalHeader()->setDefaultSectionSize(20);
+        t->horizontalHeader()->setDefaultSectionSize(66); // a log row fits the window's width
         t->horizontalHeader()->setHighlightSections(false);
         w = t;
         break;
@@ -187,11 +188,28 @@ QAction* Binder::makeAction(const QString& controlName, QObject* parent, QChar m
     return a;
 }
 
+void Binder::setBaseStyle(QWidget* w, const QString& declarations) {
+    w->setProperty("hfcBaseStyle", declarations);
+    if (Control* c = controls_.value(w, nullptr)) mirror(c, w);
+}
+
+namespace {
+// A button that holds the keyboard shows it plainly: a band or a mode button is chosen by the
+// arrows and Enter, and the operator must see where they are.
+const char* const kButtonFocus =
+    "QPushButton:focus { border: 2px solid #000080; border-radius: 3px; padding: 2px; }";
+} // namespace
+
 void Binder::mirror(Control* c, QWidget* w) {
     mirroring_ = true;
-    const QString style = c->backcolor().isEmpty()
-                              ? QString()
-                              : QStringLiteral("background-color: %1;").arg(c->backcolor());
+    QString decl = w->property("hfcBaseStyle").toString();
+    if (!c->backcolor().isEmpty())
+        decl += QStringLiteral("background-color: %1;").arg(c->backcolor());
+    QString style = decl;
+    if (qobject_cast<QPushButton*>(w)) {
+        style = QLatin1String(kButtonFocus);
+        if (!decl.isEmpty()) style = QStringLiteral("QPushButton { %1 } ").arg(decl) + style;
+    }
     if (w->styleSheet() != style) w->setStyleSheet(style);
     w->setVisible(c->visible());
     w->setEnabled(c->enabled());
@@ -303,6 +321,22 @@ void Binder::mirrorTree(Control* c, QTreeWidget* t) {
     }
 }
 
+void Binder::followShown(Form* form, QWidget* window) {
+    connect(form, &Form::shownChanged, window, [window](bool shown) {
+        if (shown) {
+            window->show();
+            window->raise();
+            window->activateWindow();
+            return;
+        }
+        const bool hadKeyboard = window->isActiveWindow();
+        window->hide();
+        QWidget* owner = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+        if (hadKeyboard && owner && owner->isVisible()) owner->activateWindow();
+    });
+    window->setVisible(form->isShown());
+}
+
 void Binder::onFocusChanged(Control* c) {
     if (QWidget* w = widgets_.value(c, nullptr)) {
         if (!w->hasFocus() && w->isVisible()) w->setFocus(Qt::OtherFocusReason);
@@ -372,6 +406,23 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
     return false;
 }
 
+// Text selected in a box (double click, Ctrl+A, Shift+arrows) goes when the operator types over
+// it or deletes it, as in any edit box; the typed key then goes on its usual way, so a whole call
+// selected and typed over is replaced. True when the key did all there was to do.
+bool Binder::removeSelection(Control* c, QObject* watched, QKeyEvent* ke) {
+    auto* edit = qobject_cast<QLineEdit*>(watched);
+    if (!edit || !edit->hasSelectedText() || !c->isEditable()) return false;
+    const bool erase = ke->key() == Qt::Key_Backspace || ke->key() == Qt::Key_Delete;
+    const bool typed = !ke->text().isEmpty() && ke->text()[0].unicode() >= 0x20 &&
+                       !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (!erase && !typed) return false;
+    QString t = c->text();
+    t.remove(edit->selectionStart(), edit->selectedText().size());
+    c->setText(t);
+    edit->deselect();
+    return erase;
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
     Control* c = controls_.value(watched, nullptr);
     if (!c) return false;
@@ -381,7 +432,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
             return false;
         if (form_->focused() != c) form_->setFocus(c);
+        if (removeSelection(c, watched, ke)) return true;
         const bool forwarded = forwardKey(form_, ke);
+        // A window without a tab order of its own: Tab still walks its boxes and buttons.
+        if ((ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab) &&
+            form_->tabOrder.isEmpty() && form_->focused() == c)
+            return false;
         if (ke->key() == Qt::Key_F10 && ke->modifiers() == Qt::NoModifier) emit menuKeyPressed();
         return forwarded;
     }
@@ -395,8 +451,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     case QEvent::FocusIn: {
-        auto* fe = static_cast<QFocusEvent*>(event);
-        if (fe->reason() == Qt::MouseFocusReason && form_->focused() != c) form_->setFocus(c);
+        // The operator moved the focus (mouse, Tab): the window's model follows. Focus that comes
+        // back with the window (activation, a closed menu or dialog) is where the model put it.
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if ((reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+             reason == Qt::BacktabFocusReason) &&
+            form_->focused() != c)
+            form_->setFocus(c);
         return false;
     }
     case QEvent::MouseButtonRelease:

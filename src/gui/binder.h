@@ -29,6 +29,13 @@ class Binder : public QObject {
     // A caption with "&" before the first occurrence of the letter (any case), "&" escaped.
     static QString withMnemonic(const QString& caption, QChar mnemonic);
     QWidget* widget(const QString& controlName) const;
+    // The view's own look for a bound widget (style-sheet declarations: font, colour); the
+    // control's backcolor is mirrored on top of it instead of replacing it.
+    void setBaseStyle(QWidget* w, const QString& declarations);
+
+    // A window of its own follows its model's shown state: opened, it comes to the front with the
+    // keyboard; closed, it hands the keyboard back to the window it was opened from.
+    static void followShown(Form* form, QWidget* window);
 
     // Translates a Qt key event into the window's key codes; true when it was forwarded.
     static bool forwardKey(Form* form, QKeyEvent* e);
@@ -45,6 +52,7 @@ class Binder : public QObject {
     void mirror(Control* c, QWidget* w);
     void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
+    bool removeSelection(Control* c, QObject* watched, QKeyEvent* ke);
 
     Form* form_;
     QHash<Control*, QWidget*> widgets_;

@@ -43,7 +43,8 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     // title row
     auto* top = new QHBoxLayout;
     auto* title = binder_->make("LBLCONTEST");
-    title->setStyleSheet(QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
+    binder_->setBaseStyle(title,
+                          QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
     top->addWidget(title, 1);
     top->addWidget(caption(QStringLiteral("Диапазон:")));
     auto* band = binder_->make("Label1");
@@ -60,8 +61,9 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     // bands and mode
     auto* bands = new QHBoxLayout;
     for (int b = 0; b < 7; ++b) {
+        // A fixed width: the row must not shift when the chosen band changes colour.
         auto* w = binder_->make(arr("cmbband", b));
-        w->setMinimumWidth(56);
+        w->setFixedWidth(72);
         bands->addWidget(w);
     }
     bands->addSpacing(12);
@@ -97,7 +99,8 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     panels->addWidget(buildQtcFrame(), 1);
     v->addLayout(panels);
 
-    auto* log = binder_->make("DBGrid3");
+    auto* log = qobject_cast<QTableWidget*>(binder_->make("DBGrid3"));
+    log->setColumnWidth(0, 104); // the call
     v->addWidget(log, 3);
 
     setCentralWidget(central);
@@ -174,7 +177,7 @@ QWidget* MainWindow::buildEntryLine() {
         QWidget* w = binder_->make(col.name);
         w->setMinimumWidth(col.width);
         if (QString::fromLatin1(col.name) == "txtcall")
-            w->setStyleSheet(QStringLiteral("font-size: 14pt; font-weight: bold;"));
+            binder_->setBaseStyle(w, QStringLiteral("font-size: 14pt; font-weight: bold;"));
         g->addWidget(w, 1, c);
         ++c;
     }

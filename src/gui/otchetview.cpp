@@ -78,9 +78,23 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
     fg->addWidget(binder_->make("txtput"));
     v->addWidget(folder, 1);
 
-    auto* buttons = new QHBoxLayout;
-    for (Control* c : form->controls())
-        if (c->kind() == Control::Kind::Button) buttons->addWidget(binder_->make(c));
+    // The file buttons carry the file names as captions (two of them the bare call): a line
+    // above says what each one writes.
+    auto* buttons = new QGridLayout;
+    const std::pair<const char*, const char*> files[] = {{"Ccabrila", "Cabrillo"},
+                                                         {"cmbAdif", "ADIF"},
+                                                         {"cmbreport", "Журнал .LOG"},
+                                                         {"cmbtit", "Итоги .SUM"},
+                                                         {"Command1", ""}};
+    int col = 0;
+    for (const auto& [name, what] : files) {
+        auto* head = new QLabel(QString::fromUtf8(what));
+        head->setAlignment(Qt::AlignCenter);
+        head->setStyleSheet(QStringLiteral("color: #404040;"));
+        buttons->addWidget(head, 0, col);
+        buttons->addWidget(binder_->make(name), 1, col);
+        ++col;
+    }
     v->addLayout(buttons);
     // Whatever the model adds later (checks of the log, category choices) goes below.
     for (Control* c : form->controls()) {
@@ -89,9 +103,19 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
             continue;
         if (QWidget* w = binder_->make(c)) v->addWidget(w);
     }
-    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
     resize(900, 760);
-    setVisible(form->isShown());
+    // Tab walks the station data, the folder and the buttons first; the band table (filled by
+    // the recount) comes last.
+    QStringList order = {"tcont",   "tcall",     "tpod",   "tname",    "tadres",
+                         "tgor",    "tstr",      "Text4",  "txtput",   "Ccabrila",
+                         "cmbAdif", "cmbreport", "cmbtit", "Command1", "Dir1"};
+    QWidget* previous = nullptr;
+    for (const QString& name : order) {
+        QWidget* w = binder_->widget(name);
+        if (previous && w) setTabOrder(previous, w);
+        if (w) previous = w;
+    }
+    Binder::followShown(form, this);
 }
 
 void OtchetView::changeEvent(QEvent* e) {

@@ -1,8 +1,8 @@
 // The Qt main window offscreen: menu captions in order, and real key events reaching the model.
+#include "binder.h"
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
-#include "binder.h"
 #include "mainwindow.h"
 #include "script/scriptedui.h"
 
@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -51,8 +52,8 @@ TEST(MainWindowGui, MenuBarHasTheCaptionsInOrder) {
     EXPECT_EQ(captions, QStringList({"Соревнования", "Результаты", "Отчет", "В журнал", "DXCC",
                                      "Сервис", "Выход"}));
     // every menu has its own Alt+letter
-    EXPECT_EQ(mnemonics, QStringList({"Alt+С", "Alt+Р", "Alt+О", "Alt+В", "Alt+D", "Alt+И",
-                                      "Alt+Х"}));
+    EXPECT_EQ(mnemonics,
+              QStringList({"Alt+С", "Alt+Р", "Alt+О", "Alt+В", "Alt+D", "Alt+И", "Alt+Х"}));
     EXPECT_EQ(w.form->cmbadd1->text(), "Соревнования"); // the model's caption has no mark
     EXPECT_EQ(Binder::withMnemonic("A&B", QChar(u'b')), "A&&&B");
 }
@@ -101,4 +102,53 @@ TEST(MainWindowGui, CalendarTreeShowsMonthsWithTheirLinesAndClicksReachTheModel)
     emit tree->itemClicked(feb->child(3), 0); // CQ 160 SSB
     EXPECT_EQ(help->getVar("helpcode"), "cq160");
     EXPECT_EQ(help->getVar("helpmode"), "SSB");
+}
+
+TEST(MainWindowGui, TypingOverASelectedCallReplacesIt) {
+    Window w;
+    w.form->cmbband_Click(3);
+    auto* call = w.win->findChild<QLineEdit*>("txtcall");
+    w.win->activateWindow();
+    call->setFocus();
+    w.form->setFocus("txtcall");
+    QTest::keyClicks(call, "dl1abc");
+    EXPECT_EQ(w.form->txtcall->text(), "DL1ABC");
+    QTest::keyClick(call, Qt::Key_A, Qt::ControlModifier); // select all
+    ASSERT_TRUE(call->hasSelectedText());
+    QTest::keyClicks(call, "ok1rr");
+    EXPECT_EQ(w.form->txtcall->text(), "OK1RR");
+    call->setSelection(2, 3); // "1RR"
+    QTest::keyClick(call, Qt::Key_Backspace);
+    EXPECT_EQ(w.form->txtcall->text(), "OK");
+    EXPECT_EQ(call->text(), "OK");
+}
+
+TEST(MainWindowGui, TabMovesTheFocusAndTheModelFollows) {
+    Window w;
+    w.form->cmbband_Click(3);
+    auto* call = w.win->findChild<QLineEdit*>("txtcall");
+    QApplication::setActiveWindow(w.win.get());
+    call->setFocus();
+    w.form->setFocus("txtcall");
+    QTest::keyClick(call, Qt::Key_Tab);
+    QWidget* now = QApplication::focusWidget();
+    ASSERT_NE(now, nullptr);
+    EXPECT_NE(now, call);
+    EXPECT_EQ(w.form->focusName(), now->objectName());
+}
+
+TEST(MainWindowGui, AColouredControlKeepsTheLookTheViewGaveIt) {
+    Window w;
+    auto* title = w.win->findChild<QWidget*>("LBLCONTEST");
+    ASSERT_NE(title, nullptr);
+    w.form->LBLCONTEST->setBackcolor("#ff0000");
+    EXPECT_TRUE(title->styleSheet().contains("font-size: 16pt"))
+        << title->styleSheet().toStdString();
+    EXPECT_TRUE(title->styleSheet().contains("#ff0000"));
+    auto* band = w.win->findChild<QPushButton*>("cmbband(2)");
+    ASSERT_NE(band, nullptr);
+    const int width = band->width();
+    w.form->cmbband_Click(2); // the chosen band changes colour, the row stays where it is
+    EXPECT_EQ(band->width(), width);
+    EXPECT_TRUE(band->styleSheet().contains(":focus"));
 }
