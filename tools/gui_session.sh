@@ -32,8 +32,10 @@ sleep 1
 
 # No keyer on this machine: a port that exists but is no serial line, so the keyer's messages
 # fail the way they fail for an operator without an interface.
-XDG_CONFIG_HOME="$out/config" HFCONTEST_PORTS=/dev/null "$app_bin" --data-dir "$out/data" \
-  >"$out/app.log" 2>&1 &
+# From the output folder: the report window starts in the current folder.
+app_bin=$(realpath "$app_bin")
+(cd "$out" && XDG_CONFIG_HOME="$out/config" HFCONTEST_PORTS=/dev/null \
+  exec "$app_bin" --data-dir "$out/data" >"$out/app.log" 2>&1) &
 app=$!
 sleep 3
 main=$(xdotool search --onlyvisible --pid "$app" | head -1)
@@ -138,12 +140,12 @@ sleep 1.5
 report=$(xdotool search --onlyvisible --name '^Отчет$' | head -1 || true)
 log "report window: ${report:-not found}; keyboard in: $(xdotool getwindowfocus)"
 shot report-window
-# The keyboard starts in the first station box (the contest title); the own call is the next.
+# The keyboard starts in the first station box (the contest title); the own call is the next,
+# then group, name, address, town, country, dates and the folder.
 key Tab
-typ ua3abc
-# Backwards from the title: Выход, .SUM, .LOG, ADIF, Cabrillo, then the folder box.
-key shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab
-for _ in $(seq 1 60); do xdotool key BackSpace; done
+typ UA3ABC
+key Tab Tab Tab Tab Tab Tab Tab
+key ctrl+a
 typ "$out/reports"
 shot report-folder
 key Tab Return # Cabrillo

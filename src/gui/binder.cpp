@@ -211,7 +211,14 @@ void Binder::mirror(Control* c, QWidget* w) {
         if (!decl.isEmpty()) style = QStringLiteral("QPushButton { %1 } ").arg(decl) + style;
     }
     if (w->styleSheet() != style) w->setStyleSheet(style);
-    w->setVisible(c->visible());
+    // A widget not yet placed in its window must not be shown on its own: that would open it as
+    // a window of its own for a moment. Hidden, it stays hidden once placed.
+    if (w->parentWidget())
+        w->setVisible(c->visible());
+    else if (!c->visible())
+        w->hide();
+    else
+        w->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
     w->setEnabled(c->enabled());
     w->setToolTip(c->tooltip());
     if (auto* e = qobject_cast<QLineEdit*>(w)) {
@@ -431,6 +438,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         auto* ke = static_cast<QKeyEvent*>(event);
         if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
             return false;
+        // A key a box inside a frame did not take (Shift alone) travels up to the frame: that is
+        // no reason to move the focus to the frame.
+        if (!static_cast<QWidget*>(watched)->hasFocus()) return false;
         if (form_->focused() != c) form_->setFocus(c);
         if (removeSelection(c, watched, ke)) return true;
         const bool forwarded = forwardKey(form_, ke);

@@ -104,18 +104,31 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
         if (QWidget* w = binder_->make(c)) v->addWidget(w);
     }
     resize(900, 760);
-    // Tab walks the station data, the folder and the buttons first; the band table (filled by
-    // the recount) comes last.
-    QStringList order = {"tcont",   "tcall",     "tpod",   "tname",    "tadres",
-                         "tgor",    "tstr",      "Text4",  "txtput",   "Ccabrila",
-                         "cmbAdif", "cmbreport", "cmbtit", "Command1", "Dir1"};
-    QWidget* previous = nullptr;
-    for (const QString& name : order) {
-        QWidget* w = binder_->widget(name);
-        if (previous && w) setTabOrder(previous, w);
-        if (w) previous = w;
-    }
+    // Tab walks the station data, the folder and the buttons; the band table, filled by the
+    // recount, is left out of the round.
+    for (const char* name : {"tcont", "tcall", "tpod", "tname", "tadres", "tgor", "tstr", "Text4",
+                             "txtput", "Ccabrila", "cmbAdif", "cmbreport", "cmbtit", "Command1"})
+        if (QWidget* w = binder_->widget(QLatin1String(name))) tabChain_ << w;
     Binder::followShown(form, this);
+}
+
+void OtchetView::showEvent(QShowEvent* e) {
+    QWidget::showEvent(e);
+    justOpened_ = true;
+}
+
+bool OtchetView::focusNextPrevChild(bool next) {
+    const qsizetype at = tabChain_.indexOf(focusWidget());
+    if (at < 0) return QWidget::focusNextPrevChild(next);
+    for (qsizetype step = 1; step <= tabChain_.size(); ++step) {
+        const qsizetype i = (at + (next ? step : -step) + tabChain_.size()) % tabChain_.size();
+        QWidget* w = tabChain_[i];
+        if (w->isVisible() && w->isEnabled()) {
+            w->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    }
+    return false;
 }
 
 void OtchetView::changeEvent(QEvent* e) {
@@ -123,6 +136,11 @@ void OtchetView::changeEvent(QEvent* e) {
     if (e->type() == QEvent::ActivationChange && isActiveWindow() && form_->isShown())
         form_->fire(QStringLiteral("Form_Activate"));
     QWidget::changeEvent(e);
+    // Opened, the window takes the keyboard in its first station box.
+    if (e->type() == QEvent::ActivationChange && isActiveWindow() && justOpened_) {
+        justOpened_ = false;
+        if (!tabChain_.isEmpty()) tabChain_.first()->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 } // namespace hfc

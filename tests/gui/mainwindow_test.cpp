@@ -37,6 +37,7 @@ struct Window {
         form->Form_Load();
         win = std::make_unique<MainWindow>(form.get());
         win->show();
+        QApplication::setActiveWindow(win.get()); // keys go to the focused box of the active window
     }
 };
 } // namespace
@@ -151,4 +152,25 @@ TEST(MainWindowGui, AColouredControlKeepsTheLookTheViewGaveIt) {
     w.form->cmbband_Click(2); // the chosen band changes colour, the row stays where it is
     EXPECT_EQ(band->width(), width);
     EXPECT_TRUE(band->styleSheet().contains(":focus"));
+}
+
+TEST(MainWindowGui, ReportWindowTabGoesFromTheTitleToTheOwnCall) {
+    Window w;
+    w.form->cmbotchet_Click();
+    QLineEdit* tcont = nullptr;
+    QLineEdit* tcall = nullptr;
+    // the report window's boxes (the main window has a hidden station box of the same name)
+    for (QLineEdit* e : w.win->findChildren<QLineEdit*>("tcont"))
+        if (e->window() != w.win.get()) tcont = e;
+    for (QLineEdit* e : w.win->findChildren<QLineEdit*>("tcall"))
+        if (e->window() != w.win.get()) tcall = e;
+    ASSERT_NE(tcont, nullptr);
+    ASSERT_NE(tcall, nullptr);
+    QApplication::setActiveWindow(tcont->window());
+    EXPECT_EQ(QApplication::focusWidget(), tcont); // where the keyboard starts
+    QTest::keyClick(tcont, Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), tcall);
+    QTest::keyClick(tcall, Qt::Key_Shift); // Shift alone, before a capital, leaves the focus alone
+    QTest::keyClicks(QApplication::focusWidget(), "UA3ABC");
+    EXPECT_EQ(w.form->subForm("otchet")->control("tcall")->text(), "UA3ABC");
 }
