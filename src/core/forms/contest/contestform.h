@@ -164,7 +164,8 @@ class ContestForm : public Form {
     void EU13();
     void eucountry();
     void callprefix();
-    void resolveOwnCall(); // own country and continent from TXTNCALL
+    // Own country, continent, zones and prefix from the own call (TXTNCALL unless given).
+    void resolveOwnCall(const QString& typed = {});
     QString ownpref, ownkont, owncq, ownitu;
     QString ownprf; // prefix cut of the own call ("UA3")
     struct CountryRow {

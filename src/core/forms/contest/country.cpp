@@ -149,10 +149,10 @@ void ContestForm::callprefix() {
     if (call.size() > 1) callprf = callPrefix(call);
 }
 
-void ContestForm::resolveOwnCall() {
+void ContestForm::resolveOwnCall(const QString& typed) {
     // The own station resolves like a worked call, whole as typed. Until it names a country
     // (an empty box, the prompt text) the station counts as one in European Russia.
-    const QString call = TXTNCALL->text();
+    const QString call = typed.isEmpty() ? TXTNCALL->text() : typed;
     CountryRow row;
     if (!lookupCountry(call, row)) {
         row = CountryRow{};
