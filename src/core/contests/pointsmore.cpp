@@ -55,8 +55,9 @@ PointsResult tops(const QsoFacts& q) {
     } else {
         // In the large countries each call area counts as a country of its own.
         bool same = sameCountry(q);
-        for (const char* big : {"JA", "PY", "VE", "VK", "K", "UA", "UA2", "UA9"})
-            if (same && is(q.pref, big)) same = areaDigit(q.prf) == areaDigit(q.ownPrf);
+        if (same && (is(q.pref, "JA") || is(q.pref, "PY") || is(q.pref, "VE") || is(q.pref, "VK") ||
+                     is(q.pref, "K") || inGroup(q.pref, Group::Russia)))
+            same = areaDigit(q.prf) == areaDigit(q.ownPrf);
         n = same ? 1 : sameKont(q) ? 2 : 6;
     }
     static const QRegularExpression member(QStringLiteral("^[0-9]{1,4}/[0-9]{1,5}$"));
