@@ -74,6 +74,27 @@ TEST(MainWindowGui, F10OpensTheContestMenu) {
     active->menu()->close();
 }
 
+TEST(MainWindowGui, ContestMenuHoldsTheContestsInMenuOrder) {
+    Window w;
+    QMenu* contests = w.win->menuBar()->actions().at(0)->menu();
+    ASSERT_NE(contests, nullptr);
+    QStringList first, more;
+    for (QAction* a : contests->actions()) {
+        if (a->menu()) {
+            EXPECT_EQ(a->text(), "Далее");
+            for (QAction* b : a->menu()->actions()) more << b->text();
+        } else {
+            first << a->text();
+        }
+    }
+    ASSERT_EQ(first.size(), 33);
+    EXPECT_EQ(first.front(), "Чемпионат");
+    EXPECT_EQ(first.mid(1, 4), QStringList({"AA DX", "AGCW", "ARI", "ARRL-10m"}));
+    EXPECT_EQ(first.back(), "TOPS");
+    EXPECT_EQ(more, QStringList({"UBA", "IOTA", "Ukraina DX", "WAE", "WAG", "WPX", "WWG", "VK/ZL",
+                                 "YO DX", "YU DX"}));
+}
+
 TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
     Window w;
     auto* own = w.win->findChild<QLineEdit*>("TXTNCALL");

@@ -176,38 +176,25 @@ int keyCodeOf(QChar c) {
 } // namespace
 
 void Form::keyDown(int keyCode, int shift) {
-    if (keyPreview) {
-        Event ev;
-        ev.keyCode = keyCode;
-        ev.shift = shift;
-        fire(QStringLiteral("Form_KeyDown"), ev);
-    }
-    if (!focus_) return;
-    int idx;
-    const QString base = baseName(focus_->name(), &idx);
-    Event ev;
-    ev.index = idx;
-    ev.keyCode = keyCode;
-    ev.shift = shift;
-    fire(base + QStringLiteral("_KeyDown"), ev);
+    keyEvent(QStringLiteral("_KeyDown"), keyCode, shift);
 }
 
+// The key-up goes to whichever control holds the focus when the key is released.
 void Form::keyUp(int keyCode, int shift) {
-    if (keyPreview) {
-        Event ev;
-        ev.keyCode = keyCode;
-        ev.shift = shift;
-        fire(QStringLiteral("Form_KeyUp"), ev);
-    }
-    // The key-up goes to whichever control holds the focus when the key is released.
-    if (!focus_) return;
-    int idx;
-    const QString base = baseName(focus_->name(), &idx);
+    keyEvent(QStringLiteral("_KeyUp"), keyCode, shift);
+}
+
+void Form::keyEvent(const QString& suffix, int keyCode, int shift) {
     Event ev;
-    ev.index = idx;
     ev.keyCode = keyCode;
     ev.shift = shift;
-    fire(base + QStringLiteral("_KeyUp"), ev);
+    if (keyPreview) fire(QStringLiteral("Form") + suffix, ev);
+    if (!focus_) return;
+    ev = Event();
+    ev.keyCode = keyCode;
+    ev.shift = shift;
+    const QString base = baseName(focus_->name(), &ev.index);
+    fire(base + suffix, ev);
 }
 
 bool Form::keyPress(Control* target, int& keyAscii) {

@@ -2,9 +2,12 @@
 
 #include "contests/catalogue.h"
 #include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/otchet/cabrillo3boxes.h"
 #include "forms/otchet/otchetform.h"
 
 #include <QFileInfo>
+#include <QHash>
 
 namespace hfc {
 
@@ -12,7 +15,8 @@ namespace {
 
 const char* const kUsage =
     "Использование: hfcontest export [--data-dir ПАПКА_ДАННЫХ] --to ПАПКА [--contest КОД] "
-    "cabrillo|adif|log|sum";
+    "[--category-power LOW|HIGH|QRP …] [--qtc sent|received] "
+    "cabrillo|adif|log|sum|cabrillo3|adif3";
 
 // The code of the contest whose title the station data keeps (the report window stores the
 // title when it opens), else the code a log has before any contest is chosen. It matters only
@@ -33,49 +37,85 @@ int usage(QTextStream& err, const QString& why) {
     return 2;
 }
 
+QString categoryOption(const Cabrillo3Box& box) {
+    return QStringLiteral("--") + QString::fromLatin1(box.tag).toLower();
+}
+
+using Button = void (OtchetForm::*)();
+
+struct Kind {
+    const char* word;
+    Button button;
+    bool standard; // the check list is printed before writing
+};
+
+const Kind kKinds[] = {
+    {"cabrillo", &OtchetForm::Ccabrila_Click, false}, {"adif", &OtchetForm::cmbAdif_Click, false},
+    {"log", &OtchetForm::cmbreport_Click, false},     {"sum", &OtchetForm::cmbtit_Click, false},
+    {"cabrillo3", &OtchetForm::cmbcab3_Click, true},  {"adif3", &OtchetForm::cmbadif3_Click, true},
+};
+
 } // namespace
 
 int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& err) {
     QStringList args = argsIn;
     if (!args.isEmpty() && args.front() == QLatin1String("export")) args.removeFirst();
 
-    QString dataDir, folder, kind;
-    QString contest;
+    // Every option takes a value; the category boxes are set by the name of their tag.
+    QHash<QString, QString> options;
+    QStringList known = {QStringLiteral("--data-dir"), QStringLiteral("--to"),
+                         QStringLiteral("--contest"), QStringLiteral("--qtc")};
+    for (const Cabrillo3Box& box : kCabrillo3Boxes) known << categoryOption(box);
+    QString word;
     for (int i = 0; i < args.size(); ++i) {
         const QString& a = args[i];
-        const bool hasValue = i + 1 < args.size();
-        if (a == QLatin1String("--data-dir") || a == QLatin1String("--to") ||
-            a == QLatin1String("--contest")) {
-            if (!hasValue) return usage(err, QStringLiteral("Не задано значение для %1.").arg(a));
-            QString& target = a == QLatin1String("--data-dir") ? dataDir
-                              : a == QLatin1String("--to")     ? folder
-                                                               : contest;
-            target = args[++i];
+        if (known.contains(a)) {
+            if (i + 1 >= args.size())
+                return usage(err, QStringLiteral("Не задано значение для %1.").arg(a));
+            options.insert(a, args[++i]);
         } else if (a.startsWith(QLatin1String("--"))) {
             return usage(err, QStringLiteral("Неизвестный параметр %1.").arg(a));
-        } else if (kind.isEmpty()) {
-            kind = a;
+        } else if (word.isEmpty()) {
+            word = a;
         } else {
             return usage(err, QStringLiteral("Лишнее слово в команде: %1.").arg(a));
         }
     }
 
-    using Button = void (OtchetForm::*)();
-    Button button = nullptr;
-    if (kind == QLatin1String("cabrillo"))
-        button = &OtchetForm::Ccabrila_Click;
-    else if (kind == QLatin1String("adif"))
-        button = &OtchetForm::cmbAdif_Click;
-    else if (kind == QLatin1String("log"))
-        button = &OtchetForm::cmbreport_Click;
-    else if (kind == QLatin1String("sum"))
-        button = &OtchetForm::cmbtit_Click;
-    else if (kind.isEmpty())
-        return usage(err, QStringLiteral("Не указан вид отчёта."));
-    else
-        return usage(err, QStringLiteral("Неизвестный вид отчёта: %1.").arg(kind));
+    const Kind* kind = nullptr;
+    for (const Kind& k : kKinds)
+        if (word == QLatin1String(k.word)) kind = &k;
+    if (word.isEmpty()) return usage(err, QStringLiteral("Не указан вид отчёта."));
+    if (!kind) return usage(err, QStringLiteral("Неизвестный вид отчёта: %1.").arg(word));
+    const QString folder = options.value(QStringLiteral("--to"));
     if (folder.isEmpty()) return usage(err, QStringLiteral("Не указана папка для отчёта (--to)."));
 
+    // Category values are checked before anything is opened.
+    QHash<QString, QString> boxValues; // control name -> value
+    for (const Cabrillo3Box& box : kCabrillo3Boxes) {
+        const QString option = categoryOption(box);
+        if (!options.contains(option)) continue;
+        const QString value = options.value(option).trimmed().toUpper();
+        const QStringList choices = cabrillo3Choices(box.which);
+        if (!choices.contains(value))
+            return usage(
+                err, QStringLiteral("Недопустимое значение %1 для %2; возможны: %3.")
+                         .arg(options.value(option), option, choices.join(QStringLiteral(", "))));
+        boxValues.insert(QLatin1String(box.control), value);
+    }
+    if (options.contains(QStringLiteral("--qtc"))) {
+        const QString role = options.value(QStringLiteral("--qtc"));
+        const int index = role == QLatin1String("sent")       ? int(QtcRole::Sent)
+                          : role == QLatin1String("received") ? int(QtcRole::Received)
+                                                              : -1;
+        if (index < 0)
+            return usage(err, QStringLiteral("Недопустимое значение %1 для --qtc; возможны: "
+                                             "sent, received.")
+                                  .arg(role));
+        boxValues.insert(QStringLiteral("cmbqtcrole"), qtcRoleItems().at(index));
+    }
+
+    QString dataDir = options.value(QStringLiteral("--data-dir"));
     if (dataDir.isEmpty()) dataDir = defaultDataDir();
     // Exporting must not create an empty log where the operator expected his own.
     const QString logFile = dataDir + QStringLiteral("/dbcontest.sqlite");
@@ -95,9 +135,12 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
         err << error << "\n";
         return 1;
     }
+    QString contest = options.value(QStringLiteral("--contest"));
     if (contest.isEmpty()) contest = storedContestCode(db.contest);
+    SystemClock clock;
     Env env;
     env.db = &db;
+    env.clock = &clock;
     OtchetForm form(env, [contest] { return contest; });
     form.Dir1->setExtra(QStringLiteral("path"), folder);
     form.show();
@@ -107,7 +150,12 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
             << "\n";
         return 1;
     }
-    (form.*button)();
+    for (auto it = boxValues.cbegin(); it != boxValues.cend(); ++it)
+        form.control(it.key())->setText(it.value());
+    if (kind->standard)
+        for (const QString& warning : form.lstlint->items())
+            err << QStringLiteral("Предупреждение: ") << warning << "\n";
+    (form.*kind->button)();
     if (!form.lastWriteOk) {
         err << form.lblstatus->text() << "\n";
         return 1;

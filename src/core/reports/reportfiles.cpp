@@ -6,13 +6,19 @@
 
 namespace hfc {
 
-const char* const kReportOrderSql =
-    "SELECT ccall, ddate, ttime, bband, mode, rsts, rstr, rsts1, rsts2, rstr1, rstr2, mult, ps, "
-    "point, point2, contr, PRF, QTH, ps1, ps2 FROM tbllog ORDER BY cdate(ddate), ttime, rsts2";
+// The LogRow fields in their order; every reader selects them so.
+#define LOG_ROW_COLUMNS                                                                            \
+    "SELECT ccall, ddate, ttime, bband, mode, rsts, rstr, rsts1, rsts2, rstr1, rstr2, mult, ps, "  \
+    "point, point2, contr, PRF, QTH, ps1, ps2 "
 
-QList<LogRow> logInReportOrder(Db& contest) {
+const char* const kReportOrderSql =
+    LOG_ROW_COLUMNS "FROM tbllog ORDER BY cdate(ddate), ttime, rsts2";
+
+namespace {
+
+QList<LogRow> readRows(Db& contest, const char* sql) {
     QList<LogRow> rows;
-    Stmt& st = contest.prepared(QLatin1String(kReportOrderSql));
+    Stmt& st = contest.prepared(QLatin1String(sql));
     while (st.step()) {
         LogRow r;
         QString* const fields[] = {&r.ccall, &r.ddate, &r.ttime, &r.bband, &r.mode,
@@ -25,6 +31,22 @@ QList<LogRow> logInReportOrder(Db& contest) {
     st.reset();
     return rows;
 }
+
+} // namespace
+
+QList<LogRow> logInReportOrder(Db& contest) {
+    return readRows(contest, kReportOrderSql);
+}
+
+QList<LogRow> logInEntryOrder(Db& contest) {
+    return readRows(contest, LOG_ROW_COLUMNS "FROM tbllog ORDER BY rowid");
+}
+
+QList<LogRow> qtcTableRows(Db& contest) {
+    return readRows(contest, LOG_ROW_COLUMNS "FROM tbllogTemp ORDER BY rowid");
+}
+
+#undef LOG_ROW_COLUMNS
 
 bool writeReportFile(const QString& path, const QByteArray& bytes) {
     QSaveFile f(path);

@@ -17,6 +17,13 @@ extern const char* const kReportOrderSql;
 // Every tbllog row in report order; NULL fields come back empty. Throws DbError.
 QList<LogRow> logInReportOrder(Db& contest);
 
+// Every tbllog row in the order the rows were entered (the checks before a standard export
+// look for QSOs entered out of time order). Throws DbError.
+QList<LogRow> logInEntryOrder(Db& contest);
+
+// Every row of the QTC table tbllogTemp as stored. Throws DbError.
+QList<LogRow> qtcTableRows(Db& contest);
+
 // Writes a whole file, replacing an existing one only once the new content is complete, so a
 // full disk or a vanished folder never leaves a half-written report behind. False on failure.
 bool writeReportFile(const QString& path, const QByteArray& bytes);

@@ -74,6 +74,7 @@ void OtchetForm::createControls() {
     cmbAdif = add("cmbAdif", K::Button, "ADIF");
     cmbreport = add("cmbreport", K::Button, ".LOG");
     cmbtit = add("cmbtit", K::Button, ".SUM");
+    createStandardControls();
     Command1 = add("Command1", K::Button, "Выход");
     lblstatus = add("lblstatus", K::Label);
 
@@ -115,6 +116,7 @@ void OtchetForm::registerHandlers() {
     proc("cmbreport_Click", [this] { cmbreport_Click(); });
     proc("cmbtit_Click", [this] { cmbtit_Click(); });
     var("contestcode", contestcode);
+    registerStandardHandlers();
 }
 
 void OtchetForm::captionButtons() {
@@ -135,6 +137,7 @@ void OtchetForm::Form_Activate() {
     lz->setText(scoring.zoneHeadings ? QStringLiteral("корр") : QStringLiteral("Zone"));
     recount();
     showDateRange();
+    fillStandardBoxes();
 }
 
 // The band table straight from the log, every band at once. The "sat" row is not counted; it

@@ -1,10 +1,12 @@
 #pragma once
 // The report window otchet as a headless model: the station data kept in tbltit, a band table
-// recounted from the log each time the window becomes active, the output folder and the four
-// buttons that write the report files.
-//   otchetform.cpp     controls, activation (recount, date range), folder list, exit
-//   writerbuttons.cpp  the Cabrillo, ADIF, .LOG and .SUM buttons
+// recounted from the log each time the window becomes active, the output folder, the four
+// buttons that write the report files and the two standard exports with their check list.
+//   otchetform.cpp       controls, activation (recount, date range), folder list, exit
+//   writerbuttons.cpp    the Cabrillo, ADIF, .LOG and .SUM buttons
+//   standardbuttons.cpp  Cabrillo 3.0 and ADIF 3.1, the category boxes and the check list
 #include "forms/form.h"
+#include "reports/standard/cabrillo3.h"
 #include "reports/writers.h"
 
 #include <array>
@@ -35,6 +37,13 @@ class OtchetForm : public Form {
     Control *Ccabrila, *cmbAdif, *cmbreport, *cmbtit, *Command1;
     Control* lblstatus; // whether the last file was written, and where
 
+    // Standard exports: what a log robot would flag, the Cabrillo 3.0 categories (filled from
+    // the log on activation, then the operator's choice) and whose QTCs the WAE table holds.
+    Control *lbllint, *lstlint;
+    Control *cmbcatop, *cmbcatassist, *cmbcatband, *cmbcatmode, *cmbcatpower, *cmbcatstation,
+        *cmbcattx, *cmbqtcrole;
+    Control *cmbcab3, *cmbadif3;
+
     // ---------------------------------------------------------------- form-level state
     QString contestcode; // the main window's code, copied at activation
 
@@ -50,6 +59,8 @@ class OtchetForm : public Form {
     void cmbAdif_Click();
     void cmbreport_Click();
     void cmbtit_Click();
+    void cmbcab3_Click();
+    void cmbadif3_Click();
 
   private:
     void createControls();
@@ -60,7 +71,13 @@ class OtchetForm : public Form {
     // writerbuttons.cpp
     StationBoxes stationBoxes() const;
     SummaryBoxes summaryBoxes() const;
-    void writeReport(const QString& extension, const std::function<QByteArray()>& build);
+    void writeReport(const QString& fileName, const std::function<QByteArray()>& build);
+    // standardbuttons.cpp
+    void createStandardControls();
+    void registerStandardHandlers();
+    void fillStandardBoxes();
+    void checkLog();
+    Cabrillo3Header cabrillo3Header(const QList<LogRow>& rows);
 
     std::function<QString()> currentContest_;
     BoundRow* station_ = nullptr; // tbltit

@@ -1,4 +1,4 @@
-// The four buttons of the report window that write the report files into the chosen folder.
+// The four buttons of the report window that write its own report files into the chosen folder.
 #include "data/databases.h"
 #include "forms/otchet/otchetform.h"
 #include "reports/reportfiles.h"
@@ -41,12 +41,12 @@ SummaryBoxes OtchetForm::summaryBoxes() const {
 // A writer never interrupts the operator with a message box, whatever goes wrong; but a file
 // that was not written must not pass for one that was, so the outcome goes into lblstatus,
 // where the window shows it quietly. Nothing here changes the log.
-void OtchetForm::writeReport(const QString& extension, const std::function<QByteArray()>& build) {
+void OtchetForm::writeReport(const QString& fileName, const std::function<QByteArray()>& build) {
     txtput->setText(withTrailingSlash(txtput->text()));
     // A portable call ("UA3ABC/P") names a file, not a folder inside the output folder.
-    QString name = tcall->text();
+    QString name = fileName;
     name.replace(QLatin1Char('/'), QLatin1Char('_'));
-    const QString path = txtput->text() + name + extension;
+    const QString path = txtput->text() + name;
     bool ok = false;
     try {
         ok = writeReportFile(path, build());
@@ -60,22 +60,24 @@ void OtchetForm::writeReport(const QString& extension, const std::function<QByte
 
 // Cabrillo and ADIF share the file named after the callsign: each replaces the other's file.
 void OtchetForm::Ccabrila_Click() {
-    writeReport(
-        {}, [this] { return cabrilloFile(stationBoxes(), logInReportOrder(env().db->contest)); });
+    writeReport(tcall->text(), [this] {
+        return cabrilloFile(stationBoxes(), logInReportOrder(env().db->contest));
+    });
 }
 
 void OtchetForm::cmbAdif_Click() {
-    writeReport({}, [this] { return adifFile(logInReportOrder(env().db->contest)); });
+    writeReport(tcall->text(), [this] { return adifFile(logInReportOrder(env().db->contest)); });
 }
 
 void OtchetForm::cmbreport_Click() {
-    writeReport(QStringLiteral(".LOG"),
+    writeReport(tcall->text() + QStringLiteral(".LOG"),
                 [this] { return logListing(contestcode, logInReportOrder(env().db->contest)); });
 }
 
 // The summary prints what the window shows; it does not read the log.
 void OtchetForm::cmbtit_Click() {
-    writeReport(QStringLiteral(".SUM"), [this] { return summarySheet(summaryBoxes()); });
+    writeReport(tcall->text() + QStringLiteral(".SUM"),
+                [this] { return summarySheet(summaryBoxes()); });
 }
 
 } // namespace hfc

@@ -1,0 +1,259 @@
+// The standard exports of the report window and of `hfcontest export`: the files are the pure
+// writers' bytes for the log and QTC table, the category boxes reach the header, and the check
+// list shows what a robot would flag without stopping the writing.
+#include "formatparsers.h"
+#include "formfixture.h"
+#include "forms/otchet/otchetform.h"
+#include "reports/exportcommand.h"
+#include "reports/standard/adif3.h"
+#include "reports/standard/cabrillo3.h"
+#include "reports/standard/lint.h"
+#include "standardfixture.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+struct StandardExportTest : FormFixture {
+    QList<LogRow> log = standardRows("log.psv"); // in the order the QSOs were entered
+    QList<LogRow> qtcs = standardRows("qtc.psv");
+    QTemporaryDir out;
+
+    void SetUp() override {
+        FormFixture::SetUp();
+        for (const LogRow& r : log) insert("tbllog", r);
+        for (const LogRow& r : qtcs) insert("tbllogTemp", r);
+        db.contest.run("UPDATE tbltit SET ccall = 'UA9CDE', nname = 'Сергей Жуков', "
+                       "ADRESSTRIT = 'а/я 15', adregor = 'Екатеринбург'");
+    }
+    void insert(const QString& table, const LogRow& r) {
+        db.contest.run("INSERT INTO " + table +
+                           " (ccall, ddate, ttime, bband, rsts, rstr, rsts1, rsts2, rstr1, rstr2, "
+                           "ps1, ps2, contr) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, "
+                           "?11, ?12, ?13)",
+                       {r.ccall, r.ddate, r.ttime, r.bband, r.rsts, r.rstr, r.rsts1, r.rsts2,
+                        r.rstr1, r.rstr2, r.ps1, r.ps2, r.contr});
+    }
+    OtchetForm* open(const QString& code) {
+        form->contestcode = code;
+        form->cmbotchet_Click();
+        auto* w = static_cast<OtchetForm*>(form->subForm("otchet"));
+        w->txtput->setText(out.path());
+        return w;
+    }
+    StationBoxes station(OtchetForm* w) {
+        StationBoxes st;
+        st.tcall = "UA9CDE", st.trezult = w->trezult->text();
+        st.tname = QString::fromUtf8("Сергей Жуков"), st.tadres = QString::fromUtf8("а/я 15");
+        st.tgor = QString::fromUtf8("Екатеринбург");
+        return st;
+    }
+    static QByteArray readAll(const QString& path) {
+        QFile f(path);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+    }
+    QStringList lintMessages() {
+        QStringList m;
+        for (const LintIssue& i : lintLog(log)) m << i.message;
+        for (const LintIssue& i : lintQtcs(qtcs)) m << i.message;
+        return m;
+    }
+};
+
+TEST_F(StandardExportTest, CabrilloButtonWritesThePureWritersBytesPerContest) {
+    for (const char* code : {"wae", "cqww", "rudx"}) {
+        SCOPED_TRACE(code);
+        OtchetForm* w = open(code);
+        EXPECT_EQ(w->cmbcab3->text(), "Cabrillo 3.0");
+        w->cmbcab3_Click();
+        const QString path = out.path() + "/UA9CDE.log";
+        EXPECT_EQ(w->lblstatus->text(), QString::fromUtf8("Файл записан: ") + path);
+        const QByteArray expected =
+            cabrillo3File(cabrillo3Defaults(station(w), code, log), code, log, qtcs);
+        EXPECT_EQ(readAll(path), expected);
+        // Each contest's file holds its own QSOs only, dupes included.
+        EXPECT_EQ(expected.count("\r\nQSO: "), 5);
+        if (QString(code) == "cqww") {
+            EXPECT_EQ(expected.count(" DL1ABC        599 14"), 2);
+        }
+        EXPECT_EQ(expected.count("\r\nQTC: "), QString(code) == "wae" ? 4 : 0);
+        w->Command1_Click();
+    }
+    EXPECT_TRUE(ui.takeShown().isEmpty());
+}
+
+TEST_F(StandardExportTest, CategoryBoxesStartFromTheLogAndReachTheHeader) {
+    OtchetForm* w = open("rudx");
+    EXPECT_EQ(w->cmbcatband->text(), "20M");
+    EXPECT_EQ(w->cmbcatmode->text(), "MIXED");
+    EXPECT_EQ(w->cmbcatpower->text(), "LOW");
+    EXPECT_EQ(w->cmbcatpower->items(), QStringList({"LOW", "HIGH", "QRP"}));
+    EXPECT_FALSE(w->cmbqtcrole->visible()); // QTCs are for WAE only
+
+    w->cmbcatpower->setText("HIGH");
+    w->cmbcatop->setText("multi-op"); // typed in lower case
+    w->cmbcattx->setText("TWO");
+    w->cmbcatassist->setText("ASSISTED");
+    w->cmbcatstation->setText("PORTABLE");
+    w->cmbcatband->setText("2M"); // not a value the format allows: the log's value stands
+    w->cmbcab3_Click();
+    const fmt::CabrilloLog read = fmt::readCabrillo3(readAll(out.path() + "/UA9CDE.log"), 2, 2);
+    EXPECT_TRUE(read.errors.isEmpty()) << read.errors.join('\n').toStdString();
+    EXPECT_EQ(read.tag("CATEGORY-POWER"), "HIGH");
+    EXPECT_EQ(read.tag("CATEGORY-OPERATOR"), "MULTI-OP");
+    EXPECT_EQ(read.tag("CATEGORY-TRANSMITTER"), "TWO");
+    EXPECT_EQ(read.tag("CATEGORY-ASSISTED"), "ASSISTED");
+    EXPECT_EQ(read.tag("CATEGORY-STATION"), "PORTABLE");
+    EXPECT_EQ(read.tag("CATEGORY-BAND"), "20M");
+    EXPECT_EQ(w->cmbcatband->text(), "20M");
+    EXPECT_EQ(read.tag("NAME"), "Sergei Zhukov");
+
+    // CQ WW has a name per mode: the chosen mode names the contest.
+    w = open("cqww");
+    EXPECT_EQ(w->cmbcatpower->text(), "LOW"); // a new activation starts from the log again
+    w->cmbcatmode->setText("SSB");
+    w->cmbcab3_Click();
+    const QByteArray file = readAll(out.path() + "/UA9CDE.log");
+    EXPECT_TRUE(file.contains("\r\nCONTEST: CQ-WW-SSB\r\n"));
+    EXPECT_TRUE(file.contains("\r\nCATEGORY-MODE: SSB\r\n"));
+}
+
+TEST_F(StandardExportTest, QtcRoleBoxSwapsTheCallsOfTheQtcLines) {
+    OtchetForm* w = open("wae");
+    EXPECT_TRUE(w->cmbqtcrole->visible());
+    ASSERT_EQ(w->cmbqtcrole->items().size(), 2);
+    EXPECT_EQ(w->cmbqtcrole->text(), w->cmbqtcrole->items()[0]);
+    w->cmbqtcrole->setText(w->cmbqtcrole->items()[1]);
+    w->cmbcab3_Click();
+    Cabrillo3Header h = cabrillo3Defaults(station(w), "wae", log);
+    h.qtcRole = QtcRole::Received;
+    EXPECT_EQ(readAll(out.path() + "/UA9CDE.log"), cabrillo3File(h, "wae", log, qtcs));
+}
+
+TEST_F(StandardExportTest, AdifButtonWritesTheWholeLogInDateOrder) {
+    clock.set(QDateTime(QDate(2021, 5, 8), QTime(9, 0)),
+              QDateTime(QDate(2021, 5, 8), QTime(6, 0), Qt::UTC));
+    db.contest.run("UPDATE tbltit SET ccall = 'R3A/P'");
+    OtchetForm* w = open("cqww");
+    EXPECT_EQ(w->cmbadif3->text(), "ADIF 3.1");
+    w->cmbadif3_Click();
+    const QString path = out.path() + "/R3A_P.adi";
+    EXPECT_EQ(w->lblstatus->text(), QString::fromUtf8("Файл записан: ") + path);
+
+    QList<LogRow> ordered = log; // dates are dd.mm.yy of one century
+    auto key = [](const LogRow& r) {
+        const QStringList d = r.ddate.split('.');
+        return d[2] + d[1] + d[0] + r.ttime + r.rsts2;
+    };
+    std::stable_sort(ordered.begin(), ordered.end(),
+                     [&](const LogRow& a, const LogRow& b) { return key(a) < key(b); });
+    Adif3Options options;
+    options.stationCallsign = "R3A/P";
+    options.createdUtc = QDateTime(QDate(2021, 5, 8), QTime(6, 0), Qt::UTC);
+    const QByteArray file = readAll(path);
+    EXPECT_EQ(file, adif3File(options, ordered));
+    const fmt::AdifFile read = fmt::readAdif(file);
+    EXPECT_TRUE(read.errors.isEmpty()) << read.errors.join('\n').toStdString();
+    EXPECT_EQ(read.records.size(), 19); // every contest; the placeholder and empty call left out
+    EXPECT_EQ(read.header.value("CREATED_TIMESTAMP"), "20210508 060000");
+}
+
+TEST_F(StandardExportTest, CheckListShowsWhatARobotWouldFlagAndDoesNotStopWriting) {
+    LogRow badQtc = qtcs[0]; // a QTC line without its serial
+    badQtc.ps2 = "0007 DL1ABC", badQtc.contr = "";
+    qtcs << badQtc;
+    insert("tbllogTemp", badQtc);
+    OtchetForm* w = open("cqww");
+    EXPECT_EQ(w->lbllint->text(), QString::fromUtf8("Проверка журнала"));
+    const QStringList expected = lintMessages();
+    EXPECT_EQ(w->lstlint->items(), expected);
+    // Among them: the QSO entered after a later one, the look-alike letters, the QTC line.
+    EXPECT_EQ(expected.filter("27.11.20 23:59 OH2BH: ").size(), 1);
+    EXPECT_GE(expected.filter(QString::fromUtf8("07.05.21 10:05 UА3ХYZ: ")).size(), 1);
+    EXPECT_EQ(expected.filter("08.08.20 00:31 DL2CCC: ").size(), 1);
+
+    // A QSO logged while the window is open shows up when a standard button is pressed.
+    LogRow late = log[0];
+    late.ccall = "OK2AB", late.ddate = "27.11.20", late.ttime = "23:00", late.rstr2 = "";
+    insert("tbllog", late);
+    w->cmbadif3_Click();
+    EXPECT_TRUE(w->lastWriteOk);
+    ASSERT_EQ(w->lstlint->items().size(), expected.size() + 2); // empty exchange, out of order
+    EXPECT_EQ(w->lstlint->items().filter("27.11.20 23:00 OK2AB: ").size(), 2);
+    w->cmbcab3_Click();
+    EXPECT_TRUE(w->lastWriteOk);
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), log.size() + 1);
+}
+
+TEST_F(StandardExportTest, FileThatCannotBeWrittenIsReportedQuietly) {
+    OtchetForm* w = open("wae");
+    w->txtput->setText(out.path() + "/missing");
+    w->cmbcab3_Click();
+    EXPECT_FALSE(w->lastWriteOk);
+    EXPECT_EQ(w->lblstatus->text(),
+              QString::fromUtf8("Не удалось записать файл: ") + out.path() + "/missing/UA9CDE.log");
+    w->cmbadif3_Click();
+    EXPECT_EQ(w->lblstatus->text(),
+              QString::fromUtf8("Не удалось записать файл: ") + out.path() + "/missing/UA9CDE.adi");
+    EXPECT_TRUE(ui.takeShown().isEmpty());
+}
+
+struct StandardCommandTest : StandardExportTest {
+    QString outText, errText;
+    int run(QStringList args) {
+        outText.clear(), errText.clear();
+        QTextStream o(&outText), e(&errText);
+        args = QStringList{"--data-dir", dir.path(), "--to", cli.path()} + args;
+        const int rc = runExportCommand(args, o, e);
+        o.flush(), e.flush();
+        return rc;
+    }
+    QTemporaryDir cli;
+};
+
+TEST_F(StandardCommandTest, WritesTheWindowsFilesAndWarnsWithTheCheckList) {
+    OtchetForm* w = open("wae");
+    w->cmbcab3_Click();
+    w->cmbadif3_Click();
+
+    ASSERT_EQ(run({"--contest", "wae", "cabrillo3"}), 0) << errText.toStdString();
+    const QString cabrillo = cli.path() + "/UA9CDE.log";
+    EXPECT_EQ(outText, QString::fromUtf8("Файл записан: ") + cabrillo + "\n");
+    EXPECT_EQ(readAll(cabrillo), readAll(out.path() + "/UA9CDE.log"));
+    QString warnings;
+    for (const QString& m : lintMessages())
+        warnings += QString::fromUtf8("Предупреждение: ") + m + "\n";
+    EXPECT_EQ(errText, warnings);
+
+    ASSERT_EQ(run({"adif3"}), 0) << errText.toStdString();
+    EXPECT_EQ(errText, warnings);
+    // The same records; only the time of writing differs.
+    const auto records = [](const QByteArray& f) { return f.mid(f.indexOf("<EOH>")); };
+    const QByteArray adif = readAll(cli.path() + "/UA9CDE.adi");
+    EXPECT_EQ(records(adif), records(readAll(out.path() + "/UA9CDE.adi")));
+    EXPECT_TRUE(adif.contains("<ADIF_VER:5>3.1.4"));
+}
+
+TEST_F(StandardCommandTest, CategoryOptionsSetTheHeaderAndBadValuesAreRefused) {
+    ASSERT_EQ(run({"--contest", "wae", "--category-power", "high", "--category-station", "HQ",
+                   "--qtc", "received", "cabrillo3"}),
+              0)
+        << errText.toStdString();
+    const QByteArray file = readAll(cli.path() + "/UA9CDE.log");
+    EXPECT_TRUE(file.contains("\r\nCATEGORY-POWER: HIGH\r\n"));
+    EXPECT_TRUE(file.contains("\r\nCATEGORY-STATION: HQ\r\n"));
+    EXPECT_TRUE(file.contains("\r\nCATEGORY-OPERATOR: SINGLE-OP\r\n"));
+    EXPECT_TRUE(file.contains("QTC:  7000 CW 2020-08-08 0040 G3BBB         2/1      UA9CDE"));
+
+    EXPECT_EQ(run({"--category-power", "KW", "cabrillo3"}), 2);
+    EXPECT_TRUE(errText.startsWith(QString::fromUtf8(
+        "Недопустимое значение KW для --category-power; возможны: LOW, HIGH, QRP.")));
+    EXPECT_EQ(run({"--qtc", "both", "cabrillo3"}), 2);
+    EXPECT_EQ(run({"--category-power"}), 2);
+}
+
+} // namespace
