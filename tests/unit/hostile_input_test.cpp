@@ -277,6 +277,18 @@ TEST_F(HostileFixture, RandomKeysInEveryBoxOfEveryWindowLeaveTheLogSoundAndTheWr
         if (round == 1)
             for (const char* menu : {"mnuQTC", "cmbvur"}) form->click(QLatin1String(menu));
     }
+    // Whatever the random keys did, a plain CQ WW QSO still goes into the log once the operator
+    // has the clock back on automatic and the call box emptied.
+    form->click(QStringLiteral("mnucqww"));
+    form->click(form->cmbband[3]);
+    if (form->mnuawto->text() != QStringLiteral("Дата-Время ручн."))
+        form->click(QStringLiteral("mnuawto"));
+    form->setFocus(QStringLiteral("txtcall"));
+    for (int i = 0; i < 20; ++i) form->typeChar(QChar(keys::Backspace));
+    form->typeText(QStringLiteral("dl1abc\r\r"));
+    EXPECT_EQ(db.contest.count(QStringLiteral("SELECT * FROM tbllog WHERE ccall = 'DL1ABC' AND "
+                                              "ps2 = 'cqww' AND bband = '14'")),
+              1);
     EXPECT_GT(keysTyped, 3000);
     EXPECT_GT(ui.shown, 0);
 

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace hfc;
@@ -263,6 +264,15 @@ TEST_F(OtchetTest, APortableCallNamesFilesInTheChosenFolder) {
     EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P.LOG"));
     w->Ccabrila_Click();
     EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P"));
+
+    // a call no file name can hold: the name is cut, the extension stays
+    w->tcall->setText(QString(200, QChar(u'Ж')));
+    w->cmbreport_Click();
+    EXPECT_TRUE(w->lastWriteOk) << o("lblstatus").toStdString();
+    const QString name = QFileInfo(w->lastWritePath).fileName();
+    EXPECT_TRUE(name.endsWith(QString(10, QChar(u'Ж')) + ".LOG"));
+    EXPECT_LE(name.toUtf8().size(), 255);
+    EXPECT_TRUE(QFile::exists(w->lastWritePath));
 }
 
 } // namespace
