@@ -155,7 +155,13 @@ key Tab Return # ADIF: the same file name, written over the Cabrillo file
 key Tab Return # .LOG
 key Tab Return # .SUM
 shot report-written
-key Tab Return # Выход
+# Past Выход and the seven Cabrillo 3.0 categories: the two standard exports.
+key Tab Tab Tab Tab Tab Tab Tab Tab Tab Return # Cabrillo 3.0
+key Tab Return                                 # ADIF 3.1
+shot standard-written
+# Back over the categories to Выход.
+key shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab shift+Tab
+key Return # Выход
 sleep 1
 shot report-closed
 # The keyboard is back in the call box of the main window.
@@ -182,13 +188,17 @@ log "log: $rows rows, $dupes dupes, by band $bands"
 [ "$rows" -eq 100 ] && r=ok || r=no; check "100 QSOs in the log" $r
 [ "$dupes" -eq 3 ] && r=ok || r=no; check "3 dupes marked" $r
 [ "$(sql "SELECT ccall FROM tbltit")" = UA3ABC ] && r=ok || r=no; check "own call kept" $r
-for f in UA3ABC.cabrillo UA3ABC UA3ABC.LOG UA3ABC.SUM; do
+for f in UA3ABC.cabrillo UA3ABC UA3ABC.LOG UA3ABC.SUM UA3ABC.log UA3ABC.adi; do
   [ -s "$out/reports/$f" ] && r=ok || r=no; check "report file $f" $r
 done
 grep -q '^START-OF-LOG' "$out/reports/UA3ABC.cabrillo" 2>/dev/null && r=ok || r=no
 check "Cabrillo file starts as one" $r
-[ "$(grep -ci '<eor>' "$out/reports/UA3ABC" 2>/dev/null)" -eq 100 ] && r=ok || r=no
+[ "$(grep -ci '<eor>' "$out/reports/UA3ABC" 2>/dev/null || echo 0)" -eq 100 ] && r=ok || r=no
 check "ADIF file holds 100 records" $r
+grep -q '^START-OF-LOG: 3.0' "$out/reports/UA3ABC.log" 2>/dev/null && r=ok || r=no
+check "Cabrillo 3.0 file" $r
+[ "$(grep -ci '<eor>' "$out/reports/UA3ABC.adi" 2>/dev/null || echo 0)" -eq 100 ] && r=ok || r=no
+check "ADIF 3.1 file holds 100 records" $r
 [ $exited = yes ] && r=ok || r=no; check "Alt+Х closed the program" $r
 log "screenshots in $out/shots"
 exit $fail

@@ -20,6 +20,8 @@ class OtchetView : public QWidget {
     void showEvent(QShowEvent* e) override;
 
   private:
+    QWidget* buildStandardExports();
+
     Form* form_;
     Binder* binder_;
     QList<QWidget*> tabChain_;
