@@ -55,10 +55,15 @@ AutoView::AutoView(Form* form, QWidget* parent)
         const bool wide = c->kind() == Control::Kind::Grid || c->kind() == Control::Kind::Tree ||
                           c->kind() == Control::Kind::DirList || c->kind() == Control::Kind::List;
         if (c->kind() == Control::Kind::TextBox || c->kind() == Control::Kind::Combo) {
-            grid->addWidget(new QLabel(c->name()), row, 0);
+            auto* head = new QLabel(c->name());
+            grid->addWidget(head, row, 0);
             grid->addWidget(w, row, 1);
+            // A box the model hides takes its caption with it.
+            head->setVisible(c->visible());
+            connect(c, &Control::changed, head, [head, c] { head->setVisible(c->visible()); });
         } else {
             grid->addWidget(w, row, wide ? 0 : 1, 1, wide ? 2 : 1);
+            if (wide) grid->setRowStretch(row, 1); // tables and trees take the room there is
         }
         ++row;
     }

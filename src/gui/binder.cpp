@@ -95,7 +95,6 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
         t->setSelectionBehavior(QAbstractItemView::SelectRows);
         t->verticalHeader()->setDefaultSectionSize(20);
-        t->horizontalHeader()->setDefaultSectionSize(66); // a log row fits the window's width
         t->horizontalHeader()->setHighlightSections(false);
         w = t;
         break;
@@ -262,7 +261,7 @@ void Binder::mirror(Control* c, QWidget* w) {
                 else if (it->text() != rows[r][col])
                     it->setText(rows[r][col]);
             }
-        t->scrollToBottom(); // the newest QSO stays in view
+        if (t->property("hfcFollowLast").toBool()) t->scrollToBottom(); // the newest QSO
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
         if (s->value() != c->value()) s->setValue(c->value());
     } else if (auto* t = qobject_cast<QTreeWidget*>(w)) {

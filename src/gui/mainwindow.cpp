@@ -9,6 +9,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -85,7 +86,9 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     middle->addLayout(partial);
     auto* earlier = new QVBoxLayout;
     earlier->addWidget(caption(QStringLiteral("Прежние связи")));
-    earlier->addWidget(binder_->make("DBGrid1"));
+    QWidget* earlierGrid = binder_->make("DBGrid1");
+    earlierGrid->setProperty("hfcFollowLast", true); // the last QSO with the station in view
+    earlier->addWidget(earlierGrid);
     middle->addLayout(earlier, 2);
     middle->addWidget(buildScorePanel());
     auto* worked = new QVBoxLayout;
@@ -100,7 +103,10 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     v->addLayout(panels);
 
     auto* log = qobject_cast<QTableWidget*>(binder_->make("DBGrid3"));
-    log->setColumnWidth(0, 104); // the call
+    // A whole log row fits the window's width: narrow columns, a wider one for the call.
+    log->horizontalHeader()->setDefaultSectionSize(66);
+    for (int col = 0; col < log->columnCount(); ++col) log->setColumnWidth(col, col ? 66 : 104);
+    log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 
     setCentralWidget(central);

@@ -7,10 +7,13 @@
 #include "script/scriptedui.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -194,4 +197,32 @@ TEST(MainWindowGui, ReportWindowTabGoesFromTheTitleToTheOwnCall) {
     QTest::keyClick(tcall, Qt::Key_Shift); // Shift alone, before a capital, leaves the focus alone
     QTest::keyClicks(QApplication::focusWidget(), "UA3ABC");
     EXPECT_EQ(w.form->subForm("otchet")->control("tcall")->text(), "UA3ABC");
+}
+
+TEST(MainWindowGui, LogGridKeepsTheNewestQsoInViewAndReferenceGridsStayAtTheTop) {
+    Window w;
+    w.ui.queueInput(QString("16"));
+    w.form->click("mnucqww");
+    w.form->cmbband_Click(3);
+    for (int i = 0; i < 80; ++i)
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
+                         {QString("DL%1AA").arg(i)});
+    w.form->call("refreshLogGrid", {});
+    auto* log = w.win->findChild<QTableWidget*>("DBGrid3");
+    ASSERT_NE(log, nullptr);
+    QApplication::processEvents();
+    EXPECT_GT(log->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(log->verticalScrollBar()->value(), log->verticalScrollBar()->maximum());
+
+    w.form->mnudxcc_Click(); // a reference table opens at its first row, with its captions
+    QTableWidget* table = nullptr;
+    for (QTableWidget* t : w.win->findChildren<QTableWidget*>("DBGrid1"))
+        if (t->window() != w.win.get()) table = t;
+    ASSERT_NE(table, nullptr);
+    QApplication::processEvents();
+    EXPECT_EQ(table->verticalScrollBar()->value(), 0);
+    for (QLabel* l : table->window()->findChildren<QLabel*>()) {
+        Control* c = w.form->subForm("dxcc1")->control(l->text());
+        if (c && c->kind() == Control::Kind::TextBox) EXPECT_EQ(l->isVisible(), c->visible());
+    }
 }
