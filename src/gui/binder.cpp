@@ -1,5 +1,7 @@
 #include "binder.h"
 
+#include "gridmodel.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -15,7 +17,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -91,7 +93,8 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         break;
     }
     case K::Grid: {
-        auto* t = new QTableWidget(parent);
+        auto* t = new QTableView(parent);
+        t->setModel(new GridModel(c, t));
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
         t->setSelectionBehavior(QAbstractItemView::SelectRows);
         t->verticalHeader()->setDefaultSectionSize(20);
@@ -248,20 +251,10 @@ void Binder::mirror(Control* c, QWidget* w) {
             l->addItems(c->items());
             if (l->count() > 0) l->setCurrentRow(0);
         }
-    } else if (auto* t = qobject_cast<QTableWidget*>(w)) {
-        const auto& rows = c->rows();
-        t->setColumnCount(c->columns().size());
-        t->setHorizontalHeaderLabels(c->columns());
-        t->setRowCount(int(rows.size()));
-        for (int r = 0; r < int(rows.size()); ++r)
-            for (int col = 0; col < rows[r].size() && col < t->columnCount(); ++col) {
-                auto* it = t->item(r, col);
-                if (!it)
-                    t->setItem(r, col, new QTableWidgetItem(rows[r][col]));
-                else if (it->text() != rows[r][col])
-                    it->setText(rows[r][col]);
-            }
-        if (t->property("hfcFollowLast").toBool()) t->scrollToBottom(); // the newest QSO
+    } else if (auto* t = qobject_cast<QTableView*>(w)) {
+        auto* m = qobject_cast<GridModel*>(t->model());
+        const bool added = m && m->sync();
+        if (added && t->property("hfcFollowLast").toBool()) t->scrollToBottom(); // the newest QSO
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
         if (s->value() != c->value()) s->setValue(c->value());
     } else if (auto* t = qobject_cast<QTreeWidget*>(w)) {

@@ -15,7 +15,7 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -102,10 +102,10 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     panels->addWidget(buildQtcFrame(), 1);
     v->addLayout(panels);
 
-    auto* log = qobject_cast<QTableWidget*>(binder_->make("DBGrid3"));
+    auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
     // A whole log row fits the window's width: narrow columns, a wider one for the call.
     log->horizontalHeader()->setDefaultSectionSize(66);
-    for (int col = 0; col < log->columnCount(); ++col) log->setColumnWidth(col, col ? 66 : 104);
+    for (int col = 0; col < log->model()->columnCount(); ++col) log->setColumnWidth(col, col ? 66 : 104);
     log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 

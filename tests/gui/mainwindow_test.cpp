@@ -13,7 +13,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTableWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -208,21 +208,23 @@ TEST(MainWindowGui, LogGridKeepsTheNewestQsoInViewAndReferenceGridsStayAtTheTop)
         w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
                          {QString("DL%1AA").arg(i)});
     w.form->call("refreshLogGrid", {});
-    auto* log = w.win->findChild<QTableWidget*>("DBGrid3");
+    auto* log = w.win->findChild<QTableView*>("DBGrid3");
     ASSERT_NE(log, nullptr);
     QApplication::processEvents();
     EXPECT_GT(log->verticalScrollBar()->maximum(), 0);
     EXPECT_EQ(log->verticalScrollBar()->value(), log->verticalScrollBar()->maximum());
 
     w.form->mnudxcc_Click(); // a reference table opens at its first row, with its captions
-    QTableWidget* table = nullptr;
-    for (QTableWidget* t : w.win->findChildren<QTableWidget*>("DBGrid1"))
+    QTableView* table = nullptr;
+    for (QTableView* t : w.win->findChildren<QTableView*>("DBGrid1"))
         if (t->window() != w.win.get()) table = t;
     ASSERT_NE(table, nullptr);
     QApplication::processEvents();
     EXPECT_EQ(table->verticalScrollBar()->value(), 0);
     for (QLabel* l : table->window()->findChildren<QLabel*>()) {
         Control* c = w.form->subForm("dxcc1")->control(l->text());
-        if (c && c->kind() == Control::Kind::TextBox) EXPECT_EQ(l->isVisible(), c->visible());
+        if (c && c->kind() == Control::Kind::TextBox) {
+            EXPECT_EQ(l->isVisible(), c->visible());
+        }
     }
 }

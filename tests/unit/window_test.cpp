@@ -1,5 +1,6 @@
 // Start-up, clock, rate and own call of the main window.
 #include "formfixture.h"
+#include "text/dates.h"
 
 #include <QFile>
 
@@ -126,4 +127,36 @@ TEST(Databases, DatesSortByCalendarValue) {
         db.contest.run("INSERT INTO tbllog (ccall, ddate) VALUES ('X', ?1)", {d});
     EXPECT_EQ(db.contest.column("SELECT ddate FROM tbllog ORDER BY cdate(ddate)"),
               QStringList({"05.02.99", "15.11.02", "31.12.02", "01.01.03"}));
+}
+
+TEST(Databases, CdateGivesTheSortKeyOfEveryDateAndOfTextThatIsNone) {
+    QTemporaryDir dir;
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(dir.path(), error));
+    QStringList texts;
+    for (QDate d(1930, 1, 1); d.year() < 2030; d = d.addDays(1)) texts << d.toString("dd.MM.yy");
+    texts << "29.02.01"
+          << "31.04.02"
+          << "00.01.02"
+          << "32.01.02"
+          << "01.13.02"
+          << "01.00.02"
+          << "1.2.03"
+          << "01.02.2003"
+          << " 01.02.03"
+          << "01.02.03 "
+          << "01-02-03"
+          << "ab.cd.ef"
+          << ""
+          << "29.02.00"
+          << "29.02.29"
+          << "29.02.30"
+          << "+1.02.03"
+          << "0x.02.03";
+    for (const QString& t : texts) {
+        const QString got = db.contest.scalar("SELECT cdate(?1)", {t});
+        ASSERT_EQ(got, ddateSortKey(t)) << t.toStdString();
+    }
+    EXPECT_EQ(db.contest.scalar("SELECT cdate(NULL)"), ddateSortKey(QString()));
 }

@@ -3,7 +3,9 @@
 // never overwritten when present, and refused (left untouched) when not usable.
 #include "data/db.h"
 
+#include <QHash>
 #include <QString>
+#include <utility>
 
 namespace hfc {
 
@@ -22,9 +24,13 @@ class Databases {
     Db* byKey(const QString& key); // contest, dxcc, rus, help, iaru
     const QString& dir() const { return dir_; }
     QString filePath(const QString& fileName) const;
+    // The file that db was opened from is still the one at its path: not removed, not replaced.
+    // A handle to a removed file would write into nothing the operator can see.
+    bool stillInPlace(const Db& db) const;
 
   private:
     QString dir_;
+    QHash<const Db*, std::pair<quint64, quint64>> fileIds_; // device and inode at open
 };
 
 // The data folder: --data-dir, else $HFCONTEST_DIR, else $XDG_DATA_HOME/hfcontest

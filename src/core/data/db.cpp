@@ -8,15 +8,60 @@ namespace hfc {
 
 namespace {
 
-[[noreturn]] void fail(sqlite3* db, const QString& what) {
-    throw DbError(
-        (what + QStringLiteral(": ") + QString::fromUtf8(sqlite3_errmsg(db))).toStdString());
+QString fileOf(sqlite3* db) {
+    const char* f = db ? sqlite3_db_filename(db, "main") : nullptr;
+    return f ? QString::fromUtf8(f) : QString();
 }
 
-// cdate(ddate): the calendar value of a stored "dd.mm.yy" date, so that logs sort by date.
+[[noreturn]] void fail(sqlite3* db, const QString& what) {
+    throw DbError(
+        (what + QStringLiteral(": ") + QString::fromUtf8(sqlite3_errmsg(db))).toStdString(),
+        sqlite3_errcode(db) & 0xff, fileOf(db));
+}
+
+int digit(char c) {
+    return c >= '0' && c <= '9' ? c - '0' : -1;
+}
+
+// The usual "dd.mm.yy" read straight from the bytes into "yyyy-mm-dd"; false for anything else
+// (other widths, four-digit years, no such day), which then takes the general parser.
+bool quickSortKey(const char* t, int n, char out[10]) {
+    if (n != 8 || t[2] != '.' || t[5] != '.') return false;
+    int v[6];
+    for (int i = 0, j = 0; i < 8; ++i) {
+        if (i == 2 || i == 5) continue;
+        if ((v[j++] = digit(t[i])) < 0) return false;
+    }
+    const int d = v[0] * 10 + v[1], m = v[2] * 10 + v[3], yy = v[4] * 10 + v[5];
+    const int y = yy + (yy < 30 ? 2000 : 1900);
+    static const int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (m < 1 || m > 12 || d < 1) return false;
+    const bool leap = (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+    if (d > days[m - 1] + (m == 2 && leap)) return false;
+    out[0] = char('0' + y / 1000);
+    out[1] = char('0' + y / 100 % 10);
+    out[2] = char('0' + y / 10 % 10);
+    out[3] = char('0' + y % 10);
+    out[4] = '-';
+    out[5] = t[3];
+    out[6] = t[4];
+    out[7] = '-';
+    out[8] = t[0];
+    out[9] = t[1];
+    return true;
+}
+
+// cdate(ddate): the calendar value of a stored "dd.mm.yy" date, so that logs sort by date. It
+// runs once per row of every sorted report, so the common form is read without Qt.
 void cdateFn(sqlite3_context* ctx, int, sqlite3_value** argv) {
     const auto* t = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
-    const QByteArray key = ddateSortKey(t ? QString::fromUtf8(t) : QString()).toUtf8();
+    const int n = sqlite3_value_bytes(argv[0]);
+    char quick[10];
+    if (t && quickSortKey(t, n, quick)) {
+        sqlite3_result_text(ctx, quick, 10, SQLITE_TRANSIENT);
+        return;
+    }
+    const QByteArray key = ddateSortKey(t ? QString::fromUtf8(t, n) : QString()).toUtf8();
     sqlite3_result_text(ctx, key.constData(), int(key.size()), SQLITE_TRANSIENT);
 }
 
@@ -72,11 +117,12 @@ Db::~Db() {
 void Db::open(const QString& path, bool create) {
     close();
     const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
-    if (sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr) != SQLITE_OK) {
+    const int rc = sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr);
+    if (rc != SQLITE_OK) {
         const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("open");
         sqlite3_close(db_);
         db_ = nullptr;
-        throw DbError(msg.toStdString());
+        throw DbError(msg.toStdString(), rc & 0xff, path);
     }
     path_ = path;
     sqlite3_busy_timeout(db_, 5000);
@@ -92,10 +138,11 @@ void Db::close() {
 
 void Db::exec(const QString& sql) {
     char* err = nullptr;
-    if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err) != SQLITE_OK) {
+    const int rc = sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err);
+    if (rc != SQLITE_OK) {
         const QString msg = QString::fromUtf8(err ? err : "exec");
         sqlite3_free(err);
-        throw DbError((sql + QStringLiteral(": ") + msg).toStdString());
+        throw DbError((sql + QStringLiteral(": ") + msg).toStdString(), rc & 0xff, path_);
     }
 }
 
@@ -176,6 +223,35 @@ QStringList Db::columnNames(const QString& sql) {
 
 void Db::rollback() {
     if (db_ && !sqlite3_get_autocommit(db_)) exec(QStringLiteral("ROLLBACK"));
+}
+
+QString dbErrorReason(const DbError& e) {
+    switch (e.code()) {
+    case SQLITE_READONLY:
+        return QStringLiteral("файл доступен только для чтения");
+    case SQLITE_FULL:
+        return QStringLiteral("на диске нет места");
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return QStringLiteral("файл повреждён или это не база данных SQLite");
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("файл занят другой программой");
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("файл не открывается: его нет или нет доступа к папке");
+    case SQLITE_IOERR:
+        return QStringLiteral("ошибка чтения или записи на диске");
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return QStringLiteral("нет доступа к файлу");
+    default:
+        return QStringLiteral("ошибка SQLite: ") + QString::fromUtf8(e.what());
+    }
+}
+
+QString dbErrorMessage(const DbError& e) {
+    const QString file = e.file().isEmpty() ? QStringLiteral("?") : e.file();
+    return QStringLiteral("Ошибка базы данных «%1»: %2.").arg(file, dbErrorReason(e));
 }
 
 QString globPrefix(const QString& prefix) {

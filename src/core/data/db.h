@@ -15,8 +15,21 @@ namespace hfc {
 
 class DbError : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    explicit DbError(const std::string& what, int code = 0, const QString& file = {})
+        : std::runtime_error(what), code_(code), file_(file) {}
+    int code() const { return code_; }            // SQLite's primary result code, 0 if none
+    const QString& file() const { return file_; } // the database file, if known
+
+  private:
+    int code_;
+    QString file_;
 };
+
+// Why a database operation failed, in Russian, for the operator: the common causes (read-only
+// file, full disk, damaged file, file held by another program) in words, anything else with
+// SQLite's own text. dbErrorMessage adds the file name.
+QString dbErrorReason(const DbError& e);
+QString dbErrorMessage(const DbError& e);
 
 class Stmt {
   public:

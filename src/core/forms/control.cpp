@@ -39,23 +39,48 @@ void Control::setColumns(const QStringList& c) {
     columns_ = c;
     emit changed();
 }
+std::vector<QStringList> Control::rows() const {
+    if (!source_) return rows_;
+    std::vector<QStringList> out;
+    out.reserve(sourceCount_);
+    for (size_t i = 0; i < sourceCount_; ++i) out.push_back(source_(i));
+    return out;
+}
+QStringList Control::row(size_t i) const {
+    if (source_) return i < sourceCount_ ? source_(i) : QStringList();
+    return i < rows_.size() ? rows_[i] : QStringList();
+}
 void Control::setRows(std::vector<QStringList> rows) {
+    source_ = nullptr;
+    sourceCount_ = 0;
     rows_ = std::move(rows);
     emit changed();
 }
 void Control::appendRow(QStringList row) {
+    if (source_) return;
     rows_.push_back(std::move(row));
     emit changed();
 }
 void Control::setCell(size_t row, int column, const QString& value) {
-    if (row >= rows_.size() || column < 0 || column >= rows_[row].size()) return;
+    if (source_ || row >= rows_.size() || column < 0 || column >= rows_[row].size()) return;
     if (rows_[row][column] == value) return;
     rows_[row][column] = value;
     emit changed();
 }
 void Control::setTable(const QStringList& columns, std::vector<QStringList> rows) {
     columns_ = columns;
-    rows_ = std::move(rows);
+    setRows(std::move(rows));
+}
+void Control::setRowSource(size_t count, RowSource fetch) {
+    rows_.clear();
+    rows_.shrink_to_fit();
+    source_ = std::move(fetch);
+    sourceCount_ = count;
+    emit changed();
+}
+void Control::setSourcedRowCount(size_t count) {
+    if (!source_) return;
+    sourceCount_ = count;
     emit changed();
 }
 void Control::setTooltip(const QString& t) {
@@ -89,7 +114,7 @@ QString Control::property(const QString& prop) const {
     if (p == "columns") return columns_.join('|');
     if (p == "rows") {
         QStringList lines;
-        for (const QStringList& r : rows_) lines << r.join('\t');
+        for (size_t i = 0; i < rowCount(); ++i) lines << row(i).join('\t');
         return lines.join('\n');
     }
     if (p == "tooltip") return tooltip_;

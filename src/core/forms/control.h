@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <vector>
 
 namespace hfc {
@@ -52,12 +53,21 @@ class Control : public QObject {
     void setItems(const QStringList& items);
     const QStringList& columns() const { return columns_; }
     void setColumns(const QStringList& c);
-    const std::vector<QStringList>& rows() const { return rows_; }
+    // Every row (a copy); rowCount and row read a long grid without copying it.
+    std::vector<QStringList> rows() const;
+    size_t rowCount() const { return source_ ? sourceCount_ : rows_.size(); }
+    QStringList row(size_t i) const;
     void setRows(std::vector<QStringList> rows);
     void setTable(const QStringList& columns, std::vector<QStringList> rows);
     // In-place changes of a long grid, without copying its rows.
     void appendRow(QStringList row);
     void setCell(size_t row, int column, const QString& value);
+    // A grid over a whole table need not hold it: its rows are fetched when read, and the model
+    // only says how many there are and when they changed. setRows ends it.
+    using RowSource = std::function<QStringList(size_t)>;
+    void setRowSource(size_t count, RowSource fetch);
+    void setSourcedRowCount(size_t count);
+    void sourcedRowsChanged() { emit changed(); }
     int maxLength() const { return maxLength_; } // 0 = no limit
     void setMaxLength(int n) { maxLength_ = n; }
     const QString& tooltip() const { return tooltip_; }
@@ -84,6 +94,8 @@ class Control : public QObject {
     QStringList items_;
     QStringList columns_;
     std::vector<QStringList> rows_;
+    RowSource source_;
+    size_t sourceCount_ = 0;
     int maxLength_ = 0;
     QString tooltip_;
     QHash<QString, QString> extra_;

@@ -1,5 +1,9 @@
 #include "forms/form.h"
 
+#include "data/db.h"
+
+#include <QScopeGuard>
+
 namespace hfc {
 
 Form::Form(const QString& name, const Env& env, QObject* parent)
@@ -49,8 +53,26 @@ bool Form::fire(const QString& name, Event& ev) {
     auto it = handlers_.constFind(name);
     if (it == handlers_.constEnd()) return false;
     Handler fn = it->fn; // a handler may re-register handlers
-    fn(ev);
+    runHandler(fn, ev);
     return true;
+}
+
+// A database failure (a full disk, a file made read-only or locked by another program) ends the
+// event it happened in, not the program: the outermost handler reports it in words and the
+// window goes on. What was committed before stays committed.
+void Form::runHandler(const Handler& fn, Event& ev) {
+    ++handlerDepth_;
+    const auto done = qScopeGuard([this] { --handlerDepth_; });
+    if (handlerDepth_ > 1) {
+        fn(ev);
+        return;
+    }
+    try {
+        fn(ev);
+    } catch (const DbError& e) {
+        msgbox(dbErrorMessage(e) + QStringLiteral("\nДействие не выполнено."),
+               QStringLiteral("Ошибка"));
+    }
 }
 
 bool Form::fire(const QString& name) {
@@ -76,7 +98,7 @@ bool Form::call(const QString& name, const QStringList& args) {
             ev.shift = v;
     }
     Handler fn = it->fn;
-    fn(ev);
+    runHandler(fn, ev);
     return true;
 }
 

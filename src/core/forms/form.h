@@ -98,6 +98,7 @@ class Form : public QObject {
     virtual void onUnload() {}
 
   private:
+    void runHandler(const Handler& fn, Event& ev);
     void keyDown(int keyCode, int shift);
     void keyUp(int keyCode, int shift);
     void keyEvent(const QString& suffix, int keyCode, int shift);
@@ -119,6 +120,7 @@ class Form : public QObject {
     QHash<QString, VarEntry> vars_;
     Control* focus_ = nullptr;
     bool shown_ = false;
+    int handlerDepth_ = 0; // handlers running, one inside another
 };
 
 // The text of a number the way the window writes it (whole numbers without a fraction).

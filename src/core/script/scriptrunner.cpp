@@ -237,9 +237,9 @@ bool ScriptRunner::runLine(const QString& rawLine) {
                 if (!c->hasProperty(prop)) return bad("unknown property");
                 if (prop.toLower() == "rows") {
                     d->out << w[1] << "=\n";
-                    for (const QStringList& r : c->rows()) {
+                    for (size_t i = 0; i < c->rowCount(); ++i) {
                         QStringList cells;
-                        for (const QString& s : r) cells << escape(s);
+                        for (const QString& s : c->row(i)) cells << escape(s);
                         d->out << cells.join('\t') << "\n";
                     }
                     d->out << ".\n";

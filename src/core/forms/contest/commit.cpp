@@ -88,6 +88,7 @@ void ContestForm::wwodadd() {
             lblrsts->text(), txtrsts->text(), txtmult->text(), txtmult2->text(), callstrana,
             callprf});
     const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
+    tally().inserted(rowid);
     ++hourcount;
     appendLogGridRow(rowid);
 
@@ -118,23 +119,27 @@ void ContestForm::wwodadd() {
     if (List1->visible()) fillList1();
 }
 
+// The log grid keeps only the rowids of the contest's QSOs and reads a row when it is shown, so
+// a long contest costs eight bytes a QSO here, not a copy of the log.
 void ContestForm::refreshLogGrid() {
     grid3contest = contestcode;
     grid3rowids.clear();
-    std::vector<QStringList> rows;
-    Stmt& s = logDb().prepared(grid3Select() + QStringLiteral(" WHERE ps2 = ?1 ORDER BY rowid"),
-                               {contestcode});
-    const int n = s.columns();
-    while (s.step()) {
-        grid3rowids.push_back(s.text(0).toLongLong());
-        QStringList row;
-        row.reserve(n - 1);
-        for (int c = 1; c < n; ++c) row << s.text(c);
-        rows.push_back(std::move(row));
-    }
+    Stmt& s = logDb().prepared(
+        QStringLiteral("SELECT rowid FROM tbllog WHERE ps2 = ?1 ORDER BY rowid"), {contestcode});
+    while (s.step()) grid3rowids.push_back(s.text(0).toLongLong());
     s.reset();
-    DBGrid3->setRows(std::move(rows));
+    DBGrid3->setRowSource(grid3rowids.size(), [this](size_t i) { return logGridRow(i); });
     grid3changes = changesOf(logDb());
+}
+
+QStringList ContestForm::logGridRow(size_t i) {
+    if (i < grid3rowids.size()) {
+        const Rows r = logDb().query(grid3Select() + QStringLiteral(" WHERE rowid = ?1"),
+                                     {QString::number(grid3rowids[i])});
+        if (!r.empty()) return r[0].mid(1);
+    }
+    // a row deleted behind the grid shows empty until the grid is rebuilt
+    return QStringList(grid3Fields().size(), QString());
 }
 
 bool ContestForm::logGridStale() {
@@ -148,11 +153,8 @@ void ContestForm::appendLogGridRow(qint64 rowid) {
         refreshLogGrid();
         return;
     }
-    const Rows r = logDb().query(grid3Select() + QStringLiteral(" WHERE rowid = ?1"),
-                                 {QString::number(rowid)});
-    if (r.empty()) return;
     grid3rowids.push_back(rowid);
-    DBGrid3->appendRow(r[0].mid(1));
+    DBGrid3->setSourcedRowCount(grid3rowids.size());
     grid3changes = changesOf(logDb());
 }
 
@@ -172,11 +174,15 @@ void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& va
     }
     if (field.isEmpty()) return;
     const QString upper = value.toUpper();
+    const QString rowid = QString::number(grid3rowids[row]);
+    QStringList bands{
+        logDb().scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {rowid})};
+    if (field == QLatin1String("bband")) bands << upper;
     // The field name comes from the fixed list above, never from the caller's text.
     logDb().run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(field),
-                {upper, QString::number(grid3rowids[row])});
-    for (int i = 0; i < fields.size(); ++i)
-        if (fields[i] == field) DBGrid3->setCell(row, i, upper);
+                {upper, rowid});
+    tally().touched(bands);
+    DBGrid3->sourcedRowsChanged();
     grid3changes = changesOf(logDb());
 }
 

@@ -16,11 +16,13 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+#include "data/logtally.h"
 #include "forms/form.h"
 
 #include <QDateTime>
 #include <QSet>
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace hfc {
@@ -142,6 +144,7 @@ class ContestForm : public Form {
     // recount.cpp
     void nextserial();
     void recount();
+    LogTally& tally(); // the log's per-band figures, kept between recounts
     // multipliers.cpp
     void multcheck();
     void pscheck();
@@ -204,9 +207,10 @@ class ContestForm : public Form {
     void refreshLogGrid();
     void DBGrid3_Edit(int row, const QString& column, const QString& value);
     void appendLogGridRow(qint64 rowid);
-    std::vector<qint64> grid3rowids; // tbllog rowid of each DBGrid3 row
-    QString grid3contest;            // the contest DBGrid3 shows
-    qint64 grid3changes = -1;        // the log's change count when DBGrid3 was last in step
+    QStringList logGridRow(size_t i); // the fields of the grid's row i, read from the log
+    std::vector<qint64> grid3rowids;  // tbllog rowid of each DBGrid3 row
+    QString grid3contest;             // the contest DBGrid3 shows
+    qint64 grid3changes = -1;         // the log's change count when DBGrid3 was last in step
     bool logGridStale();
     QDateTime firstqso; // the first QSO of this run
     // bands.cpp
@@ -288,6 +292,7 @@ class ContestForm : public Form {
     void showPorts();
     void portBusy();
     QHash<QString, Form*> subForms_;
+    std::unique_ptr<LogTally> tally_; // recount.cpp
 };
 
 } // namespace hfc

@@ -6,7 +6,6 @@
 #include "forms/contest/contestform.h"
 #include "text/codepage.h"
 
-#include <QFileInfo>
 #include <QScopeGuard>
 
 namespace hfc {
@@ -40,10 +39,12 @@ bool ContestForm::transferLog() {
                QStringLiteral("Ошибка"));
         return false;
     };
-    // The file may have been removed while the program runs; its open handle would still
-    // write into the removed file.
-    if (!dbs.iaru.isOpen() || !QFileInfo::exists(path))
-        return fail(QStringLiteral("Журнал станции не найден: нет файла «%1».").arg(path));
+    // The file may have been removed or replaced while the program runs; its open handle would
+    // still write into the removed file.
+    if (!dbs.stillInPlace(dbs.iaru))
+        return fail(QStringLiteral("Файл журнала станции «%1» удалён или заменён после запуска "
+                                   "программы; перезапустите программу.")
+                        .arg(path));
     if (!dbs.iaru.exists(QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' "
                                         "AND name = 'tbllog1' COLLATE NOCASE")))
         return fail(QStringLiteral("В журнале станции «%1» нет таблицы tbllog1.").arg(path));
@@ -60,8 +61,8 @@ bool ContestForm::transferLog() {
         dbs.iaru.commit();
     } catch (const DbError& e) {
         dbs.iaru.rollback();
-        return fail(QStringLiteral("Ошибка записи в журнал станции «%1»: %2.")
-                        .arg(path, QString::fromUtf8(e.what())));
+        return fail(
+            QStringLiteral("Ошибка записи в журнал станции «%1»: %2.").arg(path, dbErrorReason(e)));
     }
     return true;
 }

@@ -1,29 +1,35 @@
 // The next exchange to send and the band totals, rebuilt from the log of the current contest.
 #include "contests/scoring.h"
 #include "data/db.h"
+#include "data/logtally.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
-
-namespace {
-// A call of one double quote marks a placeholder row: never a QSO.
-const QString& placeholder() {
-    static const QString q = QStringLiteral("\"");
-    return q;
-}
-} // namespace
 
 void ContestForm::registerRecount() {
     proc("nextserial", [this] { nextserial(); });
     proc("recount", [this] { recount(); });
 }
 
+LogTally& ContestForm::tally() {
+    if (!tally_) tally_ = std::make_unique<LogTally>(logDb());
+    return *tally_;
+}
+
+namespace {
+// Contests whose panel shows point sums: per band for the championship, in the multiplier total
+// for the contests without multipliers.
+bool countsPoints(const QString& code) {
+    return code == QLatin1String("chemp") || code == QLatin1String("lzo") ||
+           code == QLatin1String("bal");
+}
+} // namespace
+
 void ContestForm::nextserial() {
     Db& db = logDb();
-    const QString count =
-        db.scalar(QStringLiteral("SELECT COUNT(*) FROM tbllog WHERE ps2 = ?1 AND ccall <> ?2"),
-                  {contestcode, placeholder()});
-    TXTRSTS2->setText(num(val(count)));
+    LogTally& t = tally();
+    t.sync(contestcode, countsPoints(contestcode));
+    TXTRSTS2->setText(num(t.qsos()));
 
     if (fixexch != 0)
         txtrsts->setText(myexch);
@@ -46,9 +52,12 @@ void ContestForm::nextserial() {
         if (txtrsts->text() == QLatin1String("001")) {
             pass = QStringLiteral("000");
         } else {
-            const Rows last = db.query(QStringLiteral("SELECT rstr2 FROM tbllog WHERE ps2 = ?1 "
-                                                      "ORDER BY rowid DESC LIMIT 1"),
-                                       {contestcode});
+            // Read back from the end of the table: the last QSO is nearly always the newest
+            // row. An index on the contest would make SQLite sort all of its rows instead.
+            const Rows last =
+                db.query(QStringLiteral("SELECT rstr2 FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
+                                        "ORDER BY rowid DESC LIMIT 1"),
+                         {contestcode});
             if (!last.empty()) pass = last[0][0].left(3);
         }
         lblrsts->setText(txtrsts->text());
@@ -56,47 +65,23 @@ void ContestForm::nextserial() {
     }
 }
 
+// Per band: QSOs without placeholders; distinct non-empty first and second multipliers
+// (placeholders included, as logged), or for the championship the summed points. The tally
+// keeps these between calls, so the recount after each QSO costs a few index probes.
 void ContestForm::recount() {
-    Db& db = logDb();
     const bool chemp = contestcode == QLatin1String("chemp");
-    const QStringList params{contestcode, placeholder()};
-    // Per band: QSOs without placeholders; distinct non-empty first and second multipliers
-    // (placeholders included, as logged), or for the championship the summed points. Each query
-    // reads one covering index of the log.
-    const Rows qsos = db.query(QStringLiteral("SELECT bband, COUNT(*) FROM tbllog WHERE ps2 = ?1 "
-                                              "AND ccall <> ?2 GROUP BY bband"),
-                               params);
-    Rows first, second;
-    if (chemp) {
-        // the championship logs are small: one pass over the rows for both sums
-        const Rows sums = db.query(QStringLiteral("SELECT bband, SUM(CAST(point AS INTEGER)), "
-                                                  "SUM(CAST(point2 AS INTEGER)) FROM tbllog "
-                                                  "WHERE ps2 = ?1 GROUP BY bband"),
-                                   {contestcode});
-        for (const QStringList& r : sums) {
-            first.push_back({r[0], r[1]});
-            second.push_back({r[0], r[2]});
-        }
-    } else {
-        first = db.query(QStringLiteral("SELECT bband, COUNT(DISTINCT mult) FROM tbllog "
-                                        "WHERE ps2 = ?1 AND length(mult) > 0 GROUP BY bband"),
-                         {contestcode});
-        second = db.query(QStringLiteral("SELECT bband, COUNT(DISTINCT ps) FROM tbllog "
-                                         "WHERE ps2 = ?1 AND length(ps) > 0 GROUP BY bband"),
-                          {contestcode});
-    }
-    const auto of = [](const Rows& rows, const QString& band) -> long long {
-        for (const QStringList& r : rows)
-            if (r[0] == band) return val(r[1]);
-        return 0;
+    LogTally& t = tally();
+    t.sync(contestcode, countsPoints(contestcode));
+    const auto sumText = [](std::optional<qint64> v) {
+        return v ? QString::number(*v) : QString();
     };
 
     long long qsum = 0, msum = 0, m1sum = 0;
     for (int b = 0; b < 7; ++b) {
-        const QString band = cmbband[b]->text();
-        qsoband[b]->setText(num(of(qsos, band)));
-        multband[b]->setText(num(of(first, band)));
-        multband1[b]->setText(num(of(second, band)));
+        const LogTally::Band f = t.band(cmbband[b]->text());
+        qsoband[b]->setText(num(f.qsos));
+        multband[b]->setText(num(chemp ? val(sumText(f.points)) : f.mults));
+        multband1[b]->setText(num(chemp ? val(sumText(f.points2)) : f.mults2));
         qsum += val(qsoband[b]->text());
         msum += val(multband[b]->text());
         m1sum += val(multband1[b]->text());
@@ -107,9 +92,7 @@ void ContestForm::recount() {
 
     // Contests without multipliers show their point total in the multiplier total.
     if (contestcode == QLatin1String("lzo") || contestcode == QLatin1String("bal")) {
-        const QString points = db.scalar(
-            QStringLiteral("SELECT SUM(CAST(point AS INTEGER)) FROM tbllog WHERE ps2 = ?1"),
-            {contestcode});
+        const QString points = sumText(t.points());
         multtot->setText(points.isEmpty() ? QStringLiteral("0") : points);
     }
 }

@@ -1,0 +1,315 @@
+// Bad files and folders: damaged, empty, foreign and read-only databases, a read-only data
+// folder, a missing station log, an unwritable report folder. Each is refused or reported in
+// Russian, and no database is overwritten or emptied.
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "forms/otchet/otchetform.h"
+#include "reports/exportcommand.h"
+#include "script/scriptedui.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <functional>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace hfc;
+
+namespace {
+
+const char* const kFiles[] = {"dbcontest.sqlite", "dbdxcc1.sqlite", "dbrusdx.sqlite",
+                              "dbhelp.sqlite", "dbiaru.sqlite"};
+
+QByteArray digest(const QString& path) {
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) return "<missing>";
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1).toHex();
+}
+
+// Runs fn in a child process that has no root's licence to write anywhere, so that file modes
+// count even when the tests run as root. Returns the text fn produced, or a note of how the
+// child ended.
+QString unprivileged(const std::function<QString()>& fn) {
+    int fds[2];
+    if (pipe(fds) != 0) return "<pipe>";
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close(fds[0]);
+        if (geteuid() == 0 &&
+            (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0))
+            _exit(3);
+        const QByteArray out = fn().toUtf8();
+        const bool ok = write(fds[1], out.constData(), size_t(out.size())) == out.size();
+        _exit(ok ? 0 : 4);
+    }
+    close(fds[1]);
+    QByteArray got;
+    char buf[4096];
+    for (ssize_t n; (n = read(fds[0], buf, sizeof buf)) > 0;) got.append(buf, n);
+    close(fds[0]);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return QString("<child failed %1>").arg(status);
+    return QString::fromUtf8(got);
+}
+
+struct BadFilesTest : ::testing::Test {
+    QTemporaryDir dir;
+    QString data;
+
+    void SetUp() override {
+        data = dir.path() + "/data";
+        // A folder with a log of 2000 QSOs, as the program leaves it.
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        db.contest.begin();
+        for (int i = 0; i < 2000; ++i)
+            db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult) VALUES (?1, '14', "
+                           "'cqww', 'UA')",
+                           {QString("UA3A%1").arg(i)});
+        db.contest.commit();
+        db.contest.exec("PRAGMA wal_checkpoint(TRUNCATE)");
+    }
+    QString path(const char* file) const { return data + '/' + file; }
+    QMap<QString, QByteArray> digests() const {
+        QMap<QString, QByteArray> out;
+        for (const char* f : kFiles) out.insert(f, digest(path(f)));
+        return out;
+    }
+    // Start-up on the folder: "" when it opened, else its message.
+    static QString openError(const QString& folder) {
+        Databases db;
+        QString error;
+        return db.open(folder, error) ? QString() : error;
+    }
+    // Lets another user into the folder: it may read every file, and write where writable.
+    void shareFolder(mode_t folderMode, mode_t fileMode) {
+        chmod(QFile::encodeName(dir.path()).constData(), 0755);
+        for (const char* f : kFiles) chmod(QFile::encodeName(path(f)).constData(), fileMode);
+        chmod(QFile::encodeName(data).constData(), folderMode);
+    }
+};
+
+void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(f.seek(at));
+    f.write(bytes);
+}
+
+} // namespace
+
+TEST_F(BadFilesTest, DamagedOrTruncatedLogIsRefusedByNameAndLeftAsItIs) {
+    const QString log = path("dbcontest.sqlite");
+    const qint64 size = QFileInfo(log).size();
+    ASSERT_GT(size, 16 * 4096);
+    QFile::copy(log, dir.path() + "/good.sqlite");
+    // a page in the middle of the table filled with noise
+    overwrite(log, 8 * 4096, QByteArray(4096, '\x5a'));
+    const auto before = digests();
+    QString error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite")) << error.toStdString();
+    EXPECT_TRUE(error.contains("повреждён")) << error.toStdString();
+    EXPECT_EQ(digests(), before);
+
+    // the second half of the file lost
+    QFile::remove(log);
+    QFile::copy(dir.path() + "/good.sqlite", log);
+    ASSERT_TRUE(QFile(log).resize(size / 2));
+    const auto cut = digests();
+    error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("повреждён"))
+        << error.toStdString();
+    EXPECT_EQ(digests(), cut);
+}
+
+TEST_F(BadFilesTest, EmptyAndForeignFilesAreRefusedAndNothingIsCreatedBeside) {
+    for (const char* file : kFiles) {
+        QTemporaryDir other;
+        QFile(other.path() + '/' + file).open(QIODevice::WriteOnly); // 0 bytes
+        const QString error = openError(other.path());
+        EXPECT_TRUE(error.contains(file) && error.contains("файл пуст")) << error.toStdString();
+        EXPECT_EQ(QDir(other.path()).entryList(QDir::Files), QStringList{file});
+        EXPECT_EQ(QFileInfo(other.path() + '/' + file).size(), 0);
+    }
+    // a database of another program under the log's name
+    QFile::remove(path("dbcontest.sqlite"));
+    {
+        Db foreign;
+        foreign.open(path("dbcontest.sqlite"), true);
+        foreign.exec("CREATE TABLE tbllog (ccall TEXT, notes TEXT)");
+        foreign.exec("INSERT INTO tbllog VALUES ('X', 'y')");
+    }
+    const auto before = digests();
+    const QString error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("нет поля"))
+        << error.toStdString();
+    EXPECT_EQ(digests(), before);
+}
+
+TEST_F(BadFilesTest, ReadOnlyLogIsRefusedAtStart) {
+    shareFolder(0777, 0666);
+    chmod(QFile::encodeName(path("dbcontest.sqlite")).constData(), 0444);
+    const auto before = digests();
+    const QString error = unprivileged([this] { return openError(data); });
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("только для чтения"))
+        << error.toStdString();
+    EXPECT_EQ(digests(), before);
+}
+
+TEST_F(BadFilesTest, ReadOnlyReferenceTableOpensAndAWriteIntoItIsReported) {
+    shareFolder(0777, 0666);
+    chmod(QFile::encodeName(path("dbdxcc1.sqlite")).constData(), 0444);
+    const auto before = digest(path("dbdxcc1.sqlite"));
+    const QString shown = unprivileged([this] {
+        Databases db;
+        QString error;
+        if (!db.open(data, error)) return "not opened: " + error;
+        ScriptedUi ui;
+        FixedClock clock;
+        Env env{&db, &ui, &clock, nullptr};
+        ContestForm form(env);
+        form.Form_Load();
+        form.mnudxcc_Click();
+        Form* w = form.subForm("dxcc1");
+        w->control("txtprf")->setText("ZZ9");
+        w->control("txtpref")->setText("ZZ");
+        w->control("txtstran")->setText("NOWHERE");
+        ui.takeShown();
+        ui.queueAnswer(Ui::Answer::Ok);
+        w->call("cmbadd_Click", {});
+        return ui.takeShown().join('\n');
+    });
+    EXPECT_TRUE(shown.startsWith("msgbox\tОшибка базы данных") &&
+                shown.contains("dbdxcc1.sqlite") && shown.contains("только для чтения"))
+        << shown.toStdString();
+    EXPECT_EQ(digest(path("dbdxcc1.sqlite")), before);
+}
+
+TEST_F(BadFilesTest, ReadOnlyDataFolderIsRefusedWithOrWithoutItsFiles) {
+    shareFolder(0555, 0666);
+    const auto before = digests();
+    QString error = unprivileged([this] { return openError(data); });
+    EXPECT_TRUE(error.startsWith("Нет права записи в папку данных") && error.contains(data))
+        << error.toStdString();
+    EXPECT_EQ(digests(), before);
+
+    const QString bare = dir.path() + "/bare";
+    QDir().mkpath(bare);
+    chmod(QFile::encodeName(bare).constData(), 0555);
+    error = unprivileged([&] { return openError(bare); });
+    EXPECT_TRUE(error.startsWith("Нет права записи в папку данных")) << error.toStdString();
+    EXPECT_TRUE(QDir(bare).entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+TEST_F(BadFilesTest, MissingStationLogIsSeededAgainBesideTheKeptLog) {
+    ASSERT_TRUE(QFile::remove(path("dbiaru.sqlite")));
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
+    EXPECT_EQ(db.iaru.count("SELECT * FROM tbllog1"), 0);
+    EXPECT_FALSE(QFileInfo::exists(path("dbiaru.sqlite") + ".new"));
+}
+
+TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses) {
+    // what a crash in the middle of seeding leaves: the working copy, half written
+    ASSERT_TRUE(QFile::remove(path("dbhelp.sqlite")));
+    {
+        QFile half(path("dbhelp.sqlite") + ".new");
+        ASSERT_TRUE(half.open(QIODevice::WriteOnly));
+        half.write("SQLite format 3");
+        QFile(path("dbhelp.sqlite") + ".new-journal").open(QIODevice::WriteOnly);
+    }
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    EXPECT_GT(db.help.count("SELECT * FROM tblhelp"), 0);
+    EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new"));
+    EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new-journal"));
+}
+
+TEST_F(BadFilesTest, StationLogReplacedWhileRunningIsNotWrittenBehindTheOperatorsBack) {
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    ScriptedUi ui;
+    FixedClock clock;
+    Env env{&db, &ui, &clock, nullptr};
+    ContestForm form(env);
+    form.Form_Load();
+    // another copy of the station log put in place of the open one
+    ASSERT_TRUE(QFile::remove(path("dbiaru.sqlite")));
+    ASSERT_TRUE(QFile::copy(path("dbhelp.sqlite"), path("dbiaru.sqlite")));
+    const auto before = digests();
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form.cmbvur_Click();
+    const QStringList shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 2);
+    EXPECT_TRUE(shown[1].contains("dbiaru.sqlite") && shown[1].contains("заменён"))
+        << shown[1].toStdString();
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
+    EXPECT_EQ(digests(), before);
+}
+
+TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheOldFile) {
+    const QString out = dir.path() + "/out";
+    QDir().mkpath(out);
+    QFile old(out + "/UA3ABC.LOG");
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    old.write("earlier report\n");
+    old.close();
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error));
+        db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
+    }
+    shareFolder(0777, 0666);
+    chmod(QFile::encodeName(out).constData(), 0555);
+    chmod(QFile::encodeName(out + "/UA3ABC.LOG").constData(), 0444);
+    const QString result = unprivileged([&] {
+        Databases db;
+        QString error;
+        if (!db.open(data, error)) return "not opened: " + error;
+        ScriptedUi ui;
+        FixedClock clock;
+        Env env{&db, &ui, &clock, nullptr};
+        ContestForm form(env);
+        form.Form_Load();
+        form.cmbotchet_Click();
+        auto* w = static_cast<OtchetForm*>(form.subForm("otchet"));
+        w->txtput->setText(out);
+        w->cmbreport_Click();
+        return QString("%1|%2|%3")
+            .arg(w->lastWriteOk)
+            .arg(w->lblstatus->text())
+            .arg(ui.takeShown().filter("msgbox").size());
+    });
+    EXPECT_EQ(result, QString("0|Не удалось записать файл: %1/UA3ABC.LOG|0").arg(out));
+    // the command line says so and exits 1
+    const QString command = unprivileged([&] {
+        QString o, e;
+        QTextStream so(&o), se(&e);
+        const int code = runExportCommand({"--data-dir", data, "--to", out, "log"}, so, se);
+        se.flush();
+        return QString("%1|%2").arg(code).arg(e);
+    });
+    EXPECT_EQ(command, QString("1|Не удалось записать файл: %1/UA3ABC.LOG\n").arg(out));
+    QFile again(out + "/UA3ABC.LOG");
+    ASSERT_TRUE(again.open(QIODevice::ReadOnly));
+    EXPECT_EQ(again.readAll(), "earlier report\n");
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error));
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
+}
