@@ -105,7 +105,8 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
     // A whole log row fits the window's width: narrow columns, a wider one for the call.
     log->horizontalHeader()->setDefaultSectionSize(66);
-    for (int col = 0; col < log->model()->columnCount(); ++col) log->setColumnWidth(col, col ? 66 : 104);
+    for (int col = 0; col < log->model()->columnCount(); ++col)
+        log->setColumnWidth(col, col ? 66 : 104);
     log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 
