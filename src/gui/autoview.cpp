@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QLabel>
 #include <QMenuBar>
+#include <QSet>
 #include <QVBoxLayout>
 
 namespace hfc {
@@ -18,6 +19,7 @@ AutoView::AutoView(Form* form, QWidget* parent)
     auto* v = new QVBoxLayout(this);
     auto* menus = new QMenuBar(this);
     bool anyMenu = false;
+    QSet<QChar> usedLetters;
     auto* grid = new QGridLayout;
     int row = 0;
     // Frames become group boxes; a control whose "frame" names one is laid out inside it, so
@@ -31,7 +33,15 @@ AutoView::AutoView(Form* form, QWidget* parent)
     }
     for (Control* c : form->controls()) {
         if (c->kind() == Control::Kind::Menu) {
-            menus->addAction(binder_->makeAction(c->name(), this));
+            // Alt and the first letter of the caption not taken by an earlier menu.
+            QChar letter;
+            for (const QChar ch : c->text())
+                if (ch.isLetter() && !usedLetters.contains(ch.toUpper())) {
+                    letter = ch;
+                    usedLetters.insert(ch.toUpper());
+                    break;
+                }
+            menus->addAction(binder_->makeAction(c->name(), this, letter));
             anyMenu = true;
             continue;
         }
@@ -45,10 +55,15 @@ AutoView::AutoView(Form* form, QWidget* parent)
         const bool wide = c->kind() == Control::Kind::Grid || c->kind() == Control::Kind::Tree ||
                           c->kind() == Control::Kind::DirList || c->kind() == Control::Kind::List;
         if (c->kind() == Control::Kind::TextBox || c->kind() == Control::Kind::Combo) {
-            grid->addWidget(new QLabel(c->name()), row, 0);
+            auto* head = new QLabel(c->name());
+            grid->addWidget(head, row, 0);
             grid->addWidget(w, row, 1);
+            // A box the model hides takes its caption with it.
+            head->setVisible(c->visible());
+            connect(c, &Control::changed, head, [head, c] { head->setVisible(c->visible()); });
         } else {
             grid->addWidget(w, row, wide ? 0 : 1, 1, wide ? 2 : 1);
+            if (wide) grid->setRowStretch(row, 1); // tables and trees take the room there is
         }
         ++row;
     }
@@ -57,9 +72,8 @@ AutoView::AutoView(Form* form, QWidget* parent)
     else
         delete menus;
     v->addLayout(grid);
-    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
     resize(700, 600);
-    setVisible(form->isShown());
+    Binder::followShown(form, this);
 }
 
 } // namespace hfc

@@ -165,25 +165,62 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     return w;
 }
 
-QAction* Binder::makeAction(const QString& controlName, QObject* parent) {
+QString Binder::withMnemonic(const QString& caption, QChar mnemonic) {
+    QString text = caption;
+    text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+    if (mnemonic.isNull()) return text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].toUpper() == mnemonic.toUpper()) {
+            text.insert(i, QLatin1Char('&'));
+            break;
+        }
+    }
+    return text;
+}
+
+QAction* Binder::makeAction(const QString& controlName, QObject* parent, QChar mnemonic) {
     Control* c = form_->control(controlName);
-    auto* a = new QAction(c->text(), parent);
+    auto* a = new QAction(withMnemonic(c->text(), mnemonic), parent);
     connect(a, &QAction::triggered, this, [this, c] { form_->click(c); });
-    connect(c, &Control::changed, a, [a, c] {
-        a->setText(c->text());
+    connect(c, &Control::changed, a, [a, c, mnemonic] {
+        a->setText(withMnemonic(c->text(), mnemonic));
         a->setVisible(c->visible());
         a->setEnabled(c->enabled());
     });
     return a;
 }
 
+void Binder::setBaseStyle(QWidget* w, const QString& declarations) {
+    w->setProperty("hfcBaseStyle", declarations);
+    if (Control* c = controls_.value(w, nullptr)) mirror(c, w);
+}
+
+namespace {
+// A button that holds the keyboard shows it plainly: a band or a mode button is chosen by the
+// arrows and Enter, and the operator must see where they are.
+const char* const kButtonFocus =
+    "QPushButton:focus { border: 2px solid #000080; border-radius: 3px; padding: 2px; }";
+} // namespace
+
 void Binder::mirror(Control* c, QWidget* w) {
     mirroring_ = true;
-    const QString style = c->backcolor().isEmpty()
-                              ? QString()
-                              : QStringLiteral("background-color: %1;").arg(c->backcolor());
+    QString decl = w->property("hfcBaseStyle").toString();
+    if (!c->backcolor().isEmpty())
+        decl += QStringLiteral("background-color: %1;").arg(c->backcolor());
+    QString style = decl;
+    if (qobject_cast<QPushButton*>(w)) {
+        style = QLatin1String(kButtonFocus);
+        if (!decl.isEmpty()) style = QStringLiteral("QPushButton { %1 } ").arg(decl) + style;
+    }
     if (w->styleSheet() != style) w->setStyleSheet(style);
-    w->setVisible(c->visible());
+    // A widget not yet placed in its window must not be shown on its own: that would open it as
+    // a window of its own for a moment. Hidden, it stays hidden once placed.
+    if (w->parentWidget())
+        w->setVisible(c->visible());
+    else if (!c->visible())
+        w->hide();
+    else
+        w->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
     w->setEnabled(c->enabled());
     w->setToolTip(c->tooltip());
     if (auto* e = qobject_cast<QLineEdit*>(w)) {
@@ -215,8 +252,9 @@ void Binder::mirror(Control* c, QWidget* w) {
             if (l->count() > 0) l->setCurrentRow(0);
         }
     } else if (auto* t = qobject_cast<QTableView*>(w)) {
-        if (auto* m = qobject_cast<GridModel*>(t->model()); m && m->sync())
-            t->scrollToBottom(); // the newest QSO stays in view
+        auto* m = qobject_cast<GridModel*>(t->model());
+        const bool added = m && m->sync();
+        if (added && t->property("hfcFollowLast").toBool()) t->scrollToBottom(); // the newest QSO
     } else if (auto* s = qobject_cast<QScrollBar*>(w)) {
         if (s->value() != c->value()) s->setValue(c->value());
     } else if (auto* t = qobject_cast<QTreeWidget*>(w)) {
@@ -280,6 +318,22 @@ void Binder::mirrorTree(Control* c, QTreeWidget* t) {
         const bool open = expanded.value(int(i)) == QLatin1String("1");
         if (items[i]->isExpanded() != open) items[i]->setExpanded(open);
     }
+}
+
+void Binder::followShown(Form* form, QWidget* window) {
+    connect(form, &Form::shownChanged, window, [window](bool shown) {
+        if (shown) {
+            window->show();
+            window->raise();
+            window->activateWindow();
+            return;
+        }
+        const bool hadKeyboard = window->isActiveWindow();
+        window->hide();
+        QWidget* owner = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+        if (hadKeyboard && owner && owner->isVisible()) owner->activateWindow();
+    });
+    window->setVisible(form->isShown());
 }
 
 void Binder::onFocusChanged(Control* c) {
@@ -351,6 +405,23 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
     return false;
 }
 
+// Text selected in a box (double click, Ctrl+A, Shift+arrows) goes when the operator types over
+// it or deletes it, as in any edit box; the typed key then goes on its usual way, so a whole call
+// selected and typed over is replaced. True when the key did all there was to do.
+bool Binder::removeSelection(Control* c, QObject* watched, QKeyEvent* ke) {
+    auto* edit = qobject_cast<QLineEdit*>(watched);
+    if (!edit || !edit->hasSelectedText() || !c->isEditable()) return false;
+    const bool erase = ke->key() == Qt::Key_Backspace || ke->key() == Qt::Key_Delete;
+    const bool typed = !ke->text().isEmpty() && ke->text()[0].unicode() >= 0x20 &&
+                       !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (!erase && !typed) return false;
+    QString t = c->text();
+    t.remove(edit->selectionStart(), edit->selectedText().size());
+    c->setText(t);
+    edit->deselect();
+    return erase;
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
     Control* c = controls_.value(watched, nullptr);
     if (!c) return false;
@@ -359,8 +430,18 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         auto* ke = static_cast<QKeyEvent*>(event);
         if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
             return false;
+        // A key a box inside a frame did not take (Shift alone) travels up to the frame: that is
+        // no reason to move the focus to the frame.
+        if (!static_cast<QWidget*>(watched)->hasFocus()) return false;
         if (form_->focused() != c) form_->setFocus(c);
-        return forwardKey(form_, ke);
+        if (removeSelection(c, watched, ke)) return true;
+        const bool forwarded = forwardKey(form_, ke);
+        // A window without a tab order of its own: Tab still walks its boxes and buttons.
+        if ((ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab) &&
+            form_->tabOrder.isEmpty() && form_->focused() == c)
+            return false;
+        if (ke->key() == Qt::Key_F10 && ke->modifiers() == Qt::NoModifier) emit menuKeyPressed();
+        return forwarded;
     }
     case QEvent::ShortcutOverride: {
         // Keys that Qt would take as shortcuts (F-keys, Esc) belong to the window's handlers.
@@ -372,8 +453,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     case QEvent::FocusIn: {
-        auto* fe = static_cast<QFocusEvent*>(event);
-        if (fe->reason() == Qt::MouseFocusReason && form_->focused() != c) form_->setFocus(c);
+        // The operator moved the focus (mouse, Tab): the window's model follows. Focus that comes
+        // back with the window (activation, a closed menu or dialog) is where the model put it.
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if ((reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+             reason == Qt::BacktabFocusReason) &&
+            form_->focused() != c)
+            form_->setFocus(c);
         return false;
     }
     case QEvent::MouseButtonRelease:

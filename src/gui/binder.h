@@ -23,13 +23,27 @@ class Binder : public QObject {
     // Creates the widget that fits the control's kind and binds it.
     QWidget* make(const QString& controlName, QWidget* parent = nullptr);
     QWidget* make(Control* c, QWidget* parent = nullptr);
-    // Binds a menu action to a menu-item control.
-    QAction* makeAction(const QString& controlName, QObject* parent);
+    // Binds a menu action to a menu-item control. The mnemonic letter (Alt+letter) is marked in
+    // the action's text only; the control's caption stays as the window has it.
+    QAction* makeAction(const QString& controlName, QObject* parent, QChar mnemonic = {});
+    // A caption with "&" before the first occurrence of the letter (any case), "&" escaped.
+    static QString withMnemonic(const QString& caption, QChar mnemonic);
     QWidget* widget(const QString& controlName) const;
+    // The view's own look for a bound widget (style-sheet declarations: font, colour); the
+    // control's backcolor is mirrored on top of it instead of replacing it.
+    void setBaseStyle(QWidget* w, const QString& declarations);
+
+    // A window of its own follows its model's shown state: opened, it comes to the front with the
+    // keyboard; closed, it hands the keyboard back to the window it was opened from.
+    static void followShown(Form* form, QWidget* window);
 
     // Translates a Qt key event into the window's key codes; true when it was forwarded.
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
+
+  signals:
+    // F10 without modifiers: the key that takes the keyboard to the window's menu bar.
+    void menuKeyPressed();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,6 +52,7 @@ class Binder : public QObject {
     void mirror(Control* c, QWidget* w);
     void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
+    bool removeSelection(Control* c, QObject* watched, QKeyEvent* ke);
 
     Form* form_;
     QHash<Control*, QWidget*> widgets_;

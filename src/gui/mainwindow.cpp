@@ -9,11 +9,13 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QSplitter>
+#include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -42,7 +44,8 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     // title row
     auto* top = new QHBoxLayout;
     auto* title = binder_->make("LBLCONTEST");
-    title->setStyleSheet(QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
+    binder_->setBaseStyle(title,
+                          QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
     top->addWidget(title, 1);
     top->addWidget(caption(QStringLiteral("Диапазон:")));
     auto* band = binder_->make("Label1");
@@ -59,8 +62,9 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     // bands and mode
     auto* bands = new QHBoxLayout;
     for (int b = 0; b < 7; ++b) {
+        // A fixed width: the row must not shift when the chosen band changes colour.
         auto* w = binder_->make(arr("cmbband", b));
-        w->setMinimumWidth(56);
+        w->setFixedWidth(72);
         bands->addWidget(w);
     }
     bands->addSpacing(12);
@@ -82,7 +86,9 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     middle->addLayout(partial);
     auto* earlier = new QVBoxLayout;
     earlier->addWidget(caption(QStringLiteral("Прежние связи")));
-    earlier->addWidget(binder_->make("DBGrid1"));
+    QWidget* earlierGrid = binder_->make("DBGrid1");
+    earlierGrid->setProperty("hfcFollowLast", true); // the last QSO with the station in view
+    earlier->addWidget(earlierGrid);
     middle->addLayout(earlier, 2);
     middle->addWidget(buildScorePanel());
     auto* worked = new QVBoxLayout;
@@ -96,7 +102,12 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     panels->addWidget(buildQtcFrame(), 1);
     v->addLayout(panels);
 
-    auto* log = binder_->make("DBGrid3");
+    auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
+    // A whole log row fits the window's width: narrow columns, a wider one for the call.
+    log->horizontalHeader()->setDefaultSectionSize(66);
+    for (int col = 0; col < log->model()->columnCount(); ++col)
+        log->setColumnWidth(col, col ? 66 : 104);
+    log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 
     setCentralWidget(central);
@@ -108,26 +119,33 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
 
     connect(form_, &ContestForm::exitRequested, this, &QWidget::close);
     connect(form_, &Form::formOpened, this, &MainWindow::openSubWindow);
+    // F10 opens the contest menu, whatever the keyboard layout.
+    connect(binder_, &Binder::menuKeyPressed, this,
+            [this] { menuBar()->setActiveAction(contestMenu_->menuAction()); });
     if (QWidget* w = binder_->widget(form_->focusName())) w->setFocus();
 }
 
+// The menu bar is reached from the keyboard: Alt and the underlined letter (a Russian letter, so
+// with the Russian layout on), or F10, which opens the contest menu whatever the layout is.
 void MainWindow::buildMenus() {
     QMenuBar* bar = menuBar();
-    auto* contests = bar->addMenu(form_->cmbadd1->text());
+    auto* contests = bar->addMenu(Binder::withMnemonic(form_->cmbadd1->text(), QChar(u'С')));
+    contestMenu_ = contests;
     QMenu* more = nullptr;
     for (const QString& item : form_->contestMenuItems()) {
-        if (item == QLatin1String("mnuuba")) more = contests->addMenu(form_->mnudal->text());
+        if (item == QLatin1String("mnuuba"))
+            more = contests->addMenu(Binder::withMnemonic(form_->mnudal->text(), QChar(u'Д')));
         (more ? more : contests)->addAction(binder_->makeAction(item, this));
     }
-    bar->addAction(binder_->makeAction("mnupol", this));
-    bar->addAction(binder_->makeAction("cmbotchet", this));
-    bar->addAction(binder_->makeAction("cmbvur", this));
-    bar->addAction(binder_->makeAction("mnudxcc", this));
-    auto* service = bar->addMenu(form_->mnuserw->text());
+    bar->addAction(binder_->makeAction("mnupol", this, QChar(u'Р')));
+    bar->addAction(binder_->makeAction("cmbotchet", this, QChar(u'О')));
+    bar->addAction(binder_->makeAction("cmbvur", this, QChar(u'В')));
+    bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
+    auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
                              "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
-    bar->addAction(binder_->makeAction("CMBEXIT", this));
+    bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
 
 QWidget* MainWindow::buildEntryLine() {
@@ -166,7 +184,7 @@ QWidget* MainWindow::buildEntryLine() {
         QWidget* w = binder_->make(col.name);
         w->setMinimumWidth(col.width);
         if (QString::fromLatin1(col.name) == "txtcall")
-            w->setStyleSheet(QStringLiteral("font-size: 14pt; font-weight: bold;"));
+            binder_->setBaseStyle(w, QStringLiteral("font-size: 14pt; font-weight: bold;"));
         g->addWidget(w, 1, c);
         ++c;
     }

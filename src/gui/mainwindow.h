@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QMainWindow>
 
+class QMenu;
+
 namespace hfc {
 
 class ContestForm;
@@ -31,6 +33,7 @@ class MainWindow : public QMainWindow {
     ContestForm* form_;
     Binder* binder_;
     QHash<Form*, QWidget*> subWindows_;
+    QMenu* contestMenu_ = nullptr;
 };
 
 } // namespace hfc

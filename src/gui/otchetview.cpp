@@ -4,6 +4,7 @@
 #include "forms/form.h"
 
 #include <QEvent>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -69,29 +70,106 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
     top->addWidget(table, 1);
     v->addLayout(top);
 
-    // output folder and files
+    // output folder and the check of the log on the left, the standard exports on the right
+    auto* middle = new QHBoxLayout;
     auto* folder = binder_->make("Frame2");
     auto* fg = new QVBoxLayout(folder);
     QWidget* dir = binder_->make("Dir1");
-    dir->setMinimumHeight(160);
-    fg->addWidget(dir);
+    dir->setMinimumHeight(120);
+    fg->addWidget(dir, 1);
     fg->addWidget(binder_->make("txtput"));
-    v->addWidget(folder, 1);
+    if (form->control("lstlint")) {
+        fg->addWidget(binder_->make("lbllint"));
+        QWidget* lint = binder_->make("lstlint");
+        lint->setMaximumHeight(110);
+        fg->addWidget(lint);
+    }
+    middle->addWidget(folder, 3);
+    if (QWidget* standard = buildStandardExports()) middle->addWidget(standard, 2);
+    v->addLayout(middle, 1);
 
-    auto* buttons = new QHBoxLayout;
-    for (Control* c : form->controls())
-        if (c->kind() == Control::Kind::Button) buttons->addWidget(binder_->make(c));
+    // The file buttons carry the file names as captions (two of them the bare call): a line
+    // above says what each one writes.
+    auto* buttons = new QGridLayout;
+    const std::pair<const char*, const char*> files[] = {{"Ccabrila", "Cabrillo"},
+                                                         {"cmbAdif", "ADIF"},
+                                                         {"cmbreport", "Журнал .LOG"},
+                                                         {"cmbtit", "Итоги .SUM"},
+                                                         {"Command1", ""}};
+    int col = 0;
+    for (const auto& [name, what] : files) {
+        auto* head = new QLabel(QString::fromUtf8(what));
+        head->setAlignment(Qt::AlignCenter);
+        head->setStyleSheet(QStringLiteral("color: #404040;"));
+        buttons->addWidget(head, 0, col);
+        buttons->addWidget(binder_->make(name), 1, col);
+        ++col;
+    }
     v->addLayout(buttons);
-    // Whatever the model adds later (checks of the log, category choices) goes below.
+    // Whatever else the model holds (the outcome of the last file) goes below.
     for (Control* c : form->controls()) {
         if (binder_->widget(c->name()) || c->kind() == Control::Kind::Menu ||
             c->kind() == Control::Kind::Timer || c->kind() == Control::Kind::Frame)
             continue;
         if (QWidget* w = binder_->make(c)) v->addWidget(w);
     }
-    connect(form, &Form::shownChanged, this, [this](bool shown) { setVisible(shown); });
-    resize(900, 760);
-    setVisible(form->isShown());
+    resize(1000, 740);
+    // Tab walks the station data, the folder, the file buttons and the standard exports; the
+    // band table, filled by the recount, is left out of the round.
+    for (const char* name :
+         {"tcont",       "tcall",         "tpod",     "tname",        "tadres",     "tgor",
+          "tstr",        "Text4",         "txtput",   "Ccabrila",     "cmbAdif",    "cmbreport",
+          "cmbtit",      "Command1",      "cmbcatop", "cmbcatassist", "cmbcatband", "cmbcatmode",
+          "cmbcatpower", "cmbcatstation", "cmbcattx", "cmbqtcrole",   "cmbcab3",    "cmbadif3"})
+        if (QWidget* w = binder_->widget(QLatin1String(name))) tabChain_ << w;
+    Binder::followShown(form, this);
+}
+
+// The Cabrillo 3.0 categories, each under its header tag (the box's tool tip), and the two
+// buttons; nullptr when the window has no standard exports.
+QWidget* OtchetView::buildStandardExports() {
+    if (!form_->control("cmbcab3")) return nullptr;
+    auto* box = new QGroupBox(QStringLiteral("Cabrillo 3.0 / ADIF 3.1"));
+    auto* g = new QFormLayout(box);
+    for (const char* name : {"cmbcatop", "cmbcatassist", "cmbcatband", "cmbcatmode", "cmbcatpower",
+                             "cmbcatstation", "cmbcattx", "cmbqtcrole"}) {
+        Control* c = form_->control(QLatin1String(name));
+        if (!c) continue;
+        auto* head = new QLabel(c->tooltip());
+        head->setStyleSheet(QStringLiteral("color: #404040;"));
+        QWidget* w = binder_->make(c);
+        g->addRow(head, w);
+        // A box the model hides takes its heading with it.
+        connect(c, &Control::changed, head, [head, c] { head->setVisible(c->visible()); });
+        head->setVisible(c->visible());
+    }
+    auto* row = new QHBoxLayout;
+    row->addWidget(binder_->make("cmbcab3"));
+    row->addWidget(binder_->make("cmbadif3"));
+    g->addRow(row);
+    return box;
+}
+
+void OtchetView::showEvent(QShowEvent* e) {
+    QWidget::showEvent(e);
+    justOpened_ = true;
+}
+
+bool OtchetView::focusNextPrevChild(bool next) {
+    // The focus may sit in a part of a chain member (the text field of a combo box).
+    qsizetype at = -1;
+    for (qsizetype i = 0; i < tabChain_.size() && at < 0; ++i)
+        if (tabChain_[i] == focusWidget() || tabChain_[i]->isAncestorOf(focusWidget())) at = i;
+    if (at < 0) return QWidget::focusNextPrevChild(next);
+    for (qsizetype step = 1; step <= tabChain_.size(); ++step) {
+        const qsizetype i = (at + (next ? step : -step) + tabChain_.size()) % tabChain_.size();
+        QWidget* w = tabChain_[i];
+        if (w->isVisible() && w->isEnabled()) {
+            w->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    }
+    return false;
 }
 
 void OtchetView::changeEvent(QEvent* e) {
@@ -99,6 +177,11 @@ void OtchetView::changeEvent(QEvent* e) {
     if (e->type() == QEvent::ActivationChange && isActiveWindow() && form_->isShown())
         form_->fire(QStringLiteral("Form_Activate"));
     QWidget::changeEvent(e);
+    // Opened, the window takes the keyboard in its first station box.
+    if (e->type() == QEvent::ActivationChange && isActiveWindow() && justOpened_) {
+        justOpened_ = false;
+        if (!tabChain_.isEmpty()) tabChain_.first()->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 } // namespace hfc

@@ -1,6 +1,7 @@
 #pragma once
 // The report window: station data, the band table with totals and score, the output folder and
 // the file buttons.
+#include <QList>
 #include <QWidget>
 
 namespace hfc {
@@ -15,10 +16,16 @@ class OtchetView : public QWidget {
 
   protected:
     void changeEvent(QEvent* e) override;
+    bool focusNextPrevChild(bool next) override;
+    void showEvent(QShowEvent* e) override;
 
   private:
+    QWidget* buildStandardExports();
+
     Form* form_;
     Binder* binder_;
+    QList<QWidget*> tabChain_;
+    bool justOpened_ = false;
 };
 
 } // namespace hfc

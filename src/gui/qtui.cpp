@@ -1,5 +1,6 @@
 #include "qtui.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -7,8 +8,22 @@
 
 namespace hfc {
 
+QWidget* QtUi::owner() const {
+    QWidget* active = QApplication::activeWindow();
+    return active ? active : parent_;
+}
+
+// Without this the keyboard may stay nowhere once the dialog is gone (a desktop without a window
+// manager, or one that does not hand the focus back), and the next call typed is lost.
+void QtUi::giveBack(QWidget* owner) {
+    if (!owner || !owner->isVisible()) return;
+    owner->activateWindow();
+    owner->raise();
+}
+
 Ui::Answer QtUi::msgbox(const QString& text, const QString& title, Buttons buttons) {
-    QMessageBox box(parent_);
+    QWidget* back = owner();
+    QMessageBox box(back);
     box.setWindowTitle(title);
     box.setText(text);
     QPushButton *first = nullptr, *second = nullptr;
@@ -28,6 +43,7 @@ Ui::Answer QtUi::msgbox(const QString& text, const QString& title, Buttons butto
     box.setDefaultButton(first);
     if (second) box.setEscapeButton(second);
     box.exec();
+    giveBack(back);
     const bool isFirst = box.clickedButton() == first;
     switch (buttons) {
     case Buttons::Ok:
@@ -41,19 +57,26 @@ Ui::Answer QtUi::msgbox(const QString& text, const QString& title, Buttons butto
 }
 
 std::optional<QString> QtUi::inputbox(const QString& prompt, const QString& title) {
-    QInputDialog dlg(parent_);
+    QWidget* back = owner();
+    QInputDialog dlg(back);
     dlg.setWindowTitle(title);
     dlg.setLabelText(prompt);
     dlg.setOkButtonText(QStringLiteral("OK"));
     dlg.setCancelButtonText(QStringLiteral("Отмена"));
-    if (dlg.exec() != QDialog::Accepted) return std::nullopt;
+    const bool accepted = dlg.exec() == QDialog::Accepted;
+    giveBack(back);
+    if (!accepted) return std::nullopt;
     return dlg.textValue();
 }
 
 QString QtUi::openFile(const QString& filter) {
     // The filter comes as "Name (*.ext)|*.ext|"; Qt wants "Name (*.ext)".
     const QString qtFilter = filter.section('|', 0, 0);
-    return QFileDialog::getOpenFileName(parent_, QStringLiteral("Открыть"), QString(), qtFilter);
+    QWidget* back = owner();
+    const QString path =
+        QFileDialog::getOpenFileName(back, QStringLiteral("Открыть"), QString(), qtFilter);
+    giveBack(back);
+    return path;
 }
 
 } // namespace hfc

@@ -15,6 +15,11 @@ class QtUi : public Ui {
     QString openFile(const QString& filter) override;
 
   private:
+    // The window the operator was typing in: the dialog sits over it and gives the keyboard
+    // back to it when it closes.
+    QWidget* owner() const;
+    static void giveBack(QWidget* owner);
+
     QWidget* parent_;
 };
 

@@ -45,6 +45,12 @@ TEST_F(CommitTest, SsbStoresFiveNineAndTheModeCaption) {
               QStringList({"59", "59", "SSB"}));
 }
 
+TEST_F(CommitTest, AQsoBeforeAnyContestIsChosenCarriesHiHi) {
+    typeCall("DL1ABC");
+    form->wwodadd();
+    EXPECT_EQ(db.contest.scalar("SELECT ps2 FROM tbllog"), "hi hi");
+}
+
 TEST_F(CommitTest, EmptyCallStoresNothingAndChangesNothing) {
     form->txtrstr->setText("16");
     form->txtpoint->setText("3");

@@ -77,7 +77,9 @@ TEST_F(StandardExportTest, CabrilloButtonWritesThePureWritersBytesPerContest) {
         EXPECT_EQ(readAll(path), expected);
         // Each contest's file holds its own QSOs only, dupes included.
         EXPECT_EQ(expected.count("\r\nQSO: "), 5);
-        if (QString(code) == "cqww") EXPECT_EQ(expected.count(" DL1ABC        599 14"), 2);
+        if (QString(code) == "cqww") {
+            EXPECT_EQ(expected.count(" DL1ABC        599 14"), 2);
+        }
         EXPECT_EQ(expected.count("\r\nQTC: "), QString(code) == "wae" ? 4 : 0);
         w->Command1_Click();
     }

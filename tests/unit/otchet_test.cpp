@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace hfc;
@@ -248,6 +249,30 @@ TEST_F(OtchetTest, AFileThatCannotBeWrittenIsReportedAndTheLogStays) {
     w->cmbreport_Click();                  // the other names are free
     EXPECT_TRUE(w->lastWriteOk);
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 1);
+}
+
+TEST_F(OtchetTest, APortableCallNamesFilesInTheChosenFolder) {
+    addRow("DL1ABC", "14", "cqww", "DL", "14", "3");
+    db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC/P'");
+    QTemporaryDir out;
+    open();
+    OtchetForm* w = otchet();
+    EXPECT_EQ(o("cmbreport"), "UA3ABC/P.LOG"); // the caption keeps the call as typed
+    w->txtput->setText(out.path());
+    w->cmbreport_Click();
+    EXPECT_TRUE(w->lastWriteOk);
+    EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P.LOG"));
+    w->Ccabrila_Click();
+    EXPECT_TRUE(QFile::exists(out.path() + "/UA3ABC_P"));
+
+    // a call no file name can hold: the name is cut, the extension stays
+    w->tcall->setText(QString(200, QChar(u'Ж')));
+    w->cmbreport_Click();
+    EXPECT_TRUE(w->lastWriteOk) << o("lblstatus").toStdString();
+    const QString name = QFileInfo(w->lastWritePath).fileName();
+    EXPECT_TRUE(name.endsWith(QString(10, QChar(u'Ж')) + ".LOG"));
+    EXPECT_LE(name.toUtf8().size(), 255);
+    EXPECT_TRUE(QFile::exists(w->lastWritePath));
 }
 
 } // namespace

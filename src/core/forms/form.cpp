@@ -171,6 +171,12 @@ void Form::setFocus(Control* c) {
 }
 
 namespace {
+// A text box takes no control character: Esc, Ctrl+[ ... Ctrl+_ and Delete (127) are keys, not
+// text, as in any edit control.
+bool isPrintable(int ascii) {
+    return ascii >= 0x20 && ascii != 0x7f && !(ascii >= 0x80 && ascii < 0xa0);
+}
+
 int keyCodeOf(QChar c) {
     const QChar u = c.toUpper();
     if ((u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9')) return u.unicode();
@@ -192,38 +198,25 @@ int keyCodeOf(QChar c) {
 } // namespace
 
 void Form::keyDown(int keyCode, int shift) {
-    if (keyPreview) {
-        Event ev;
-        ev.keyCode = keyCode;
-        ev.shift = shift;
-        fire(QStringLiteral("Form_KeyDown"), ev);
-    }
-    if (!focus_) return;
-    int idx;
-    const QString base = baseName(focus_->name(), &idx);
-    Event ev;
-    ev.index = idx;
-    ev.keyCode = keyCode;
-    ev.shift = shift;
-    fire(base + QStringLiteral("_KeyDown"), ev);
+    keyEvent(QStringLiteral("_KeyDown"), keyCode, shift);
 }
 
+// The key-up goes to whichever control holds the focus when the key is released.
 void Form::keyUp(int keyCode, int shift) {
-    if (keyPreview) {
-        Event ev;
-        ev.keyCode = keyCode;
-        ev.shift = shift;
-        fire(QStringLiteral("Form_KeyUp"), ev);
-    }
-    // The key-up goes to whichever control holds the focus when the key is released.
-    if (!focus_) return;
-    int idx;
-    const QString base = baseName(focus_->name(), &idx);
+    keyEvent(QStringLiteral("_KeyUp"), keyCode, shift);
+}
+
+void Form::keyEvent(const QString& suffix, int keyCode, int shift) {
     Event ev;
-    ev.index = idx;
     ev.keyCode = keyCode;
     ev.shift = shift;
-    fire(base + QStringLiteral("_KeyUp"), ev);
+    if (keyPreview) fire(QStringLiteral("Form") + suffix, ev);
+    if (!focus_) return;
+    ev = Event();
+    ev.keyCode = keyCode;
+    ev.shift = shift;
+    const QString base = baseName(focus_->name(), &ev.index);
+    fire(base + suffix, ev);
 }
 
 bool Form::keyPress(Control* target, int& keyAscii) {
@@ -255,7 +248,8 @@ void Form::typeChar(QChar c) {
             QString t = target->text();
             if (ascii == keys::Backspace) {
                 t.chop(1);
-            } else if (ascii > 26 && (target->maxLength() == 0 || t.size() < target->maxLength())) {
+            } else if (isPrintable(ascii) &&
+                       (target->maxLength() == 0 || t.size() < target->maxLength())) {
                 t += QChar(ascii);
             }
             target->setText(t);
@@ -320,7 +314,11 @@ Ui::Answer Form::msgbox(const QString& text, const QString& title, Ui::Buttons b
 }
 
 QString Form::inputbox(const QString& prompt, const QString& title) {
-    return env_.ui->inputbox(prompt, title).value_or(QString());
+    // An answer is one line of text: whatever control characters came with it (a pasted tab or
+    // line end) would end up in the log.
+    QString answer = env_.ui->inputbox(prompt, title).value_or(QString());
+    answer.removeIf([](QChar c) { return !isPrintable(c.unicode()); });
+    return answer;
 }
 
 QString num(long long v) {

@@ -101,6 +101,7 @@ class Form : public QObject {
     void runHandler(const Handler& fn, Event& ev);
     void keyDown(int keyCode, int shift);
     void keyUp(int keyCode, int shift);
+    void keyEvent(const QString& suffix, int keyCode, int shift);
     bool keyPress(Control* target, int& keyAscii);
 
     QString name_;

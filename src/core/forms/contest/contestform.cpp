@@ -324,8 +324,10 @@ void ContestForm::txttime_KeyPress(Event& e) {
 void ContestForm::TXTNCALL_KeyPress(Event& e) {
     e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
     if (e.keyAscii == keys::Enter && TXTNCALL->text().size() > 3) {
+        const QString typed = TXTNCALL->text();
         if (TXTNCALL->text().size() > 4) TXTNCALL->setText(TXTNCALL->text().mid(3));
         saveOwnCall();
+        resolveOwnCall(typed); // the station is the call as typed, not what the cut left
         setFocus(txtcall);
     }
 }

@@ -20,6 +20,7 @@
 #include "forms/form.h"
 
 #include <QDateTime>
+#include <QSet>
 #include <array>
 #include <memory>
 #include <vector>
@@ -166,8 +167,10 @@ class ContestForm : public Form {
     void EU13();
     void eucountry();
     void callprefix();
-    void resolveOwnCall(); // own country and continent from TXTNCALL
+    // Own country, continent, zones and prefix from the own call (TXTNCALL unless given).
+    void resolveOwnCall(const QString& typed = {});
     QString ownpref, ownkont, owncq, ownitu;
+    QString ownprf; // prefix cut of the own call ("UA3")
     struct CountryRow {
         QString pref, kont, strana, itu, cq;
     };
@@ -175,6 +178,8 @@ class ContestForm : public Form {
     bool lookupDistrict(const QString& key, QString* itu, QString* cq, QString* code);
     // points.cpp
     void qsopoints();
+    // Set while a QSO is being entered: only then may the points read earlier QSOs of the log.
+    bool scoringEntered = false;
     // entry.cpp
     void txtcall_KeyPress(Event& e);
     void txtcall_KeyUp(Event& e);
@@ -191,8 +196,11 @@ class ContestForm : public Form {
     void lblrstr_KeyPress(Event& e);
     QString exchangeChars() const; // "" = any character
     bool countsExchange() const;   // the exchange goes through pscheck
-    void checkExchange();          // per-contest check of the received exchange
-    bool rstrselected = false;     // the box's text is selected: typing replaces it
+    bool checkExchange();          // false: "Неверно" shown, the QSO waits for the operator
+    bool oblastKnown(const QString& code); // a kodsrr of the district table
+    void rearmCheck();                     // an edit: the next Enter checks the exchange again
+    QSet<QString> oblastCodes;             // the district table's kodsrr, read once
+    bool rstrselected = false;             // the box's text is selected: typing replaces it
     // commit.cpp
     void wwodadd();
     void cmbAdd_Click();

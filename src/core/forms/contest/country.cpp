@@ -20,6 +20,7 @@ void ContestForm::registerCountry() {
     var("ownkont", ownkont);
     var("owncq", owncq);
     var("ownitu", ownitu);
+    var("ownprf", ownprf);
 }
 
 namespace {
@@ -148,17 +149,24 @@ void ContestForm::callprefix() {
     if (call.size() > 1) callprf = callPrefix(call);
 }
 
-void ContestForm::resolveOwnCall() {
-    const QString call = TXTNCALL->text();
+void ContestForm::resolveOwnCall(const QString& typed) {
+    // The own station resolves like a worked call, whole as typed. Until it names a country
+    // (an empty box, the prompt text) the station counts as one in European Russia.
+    const QString call = typed.isEmpty() ? TXTNCALL->text() : typed;
     CountryRow row;
-    if (!lookupCountry(call, row)) return;
+    if (!lookupCountry(call, row)) {
+        row = CountryRow{};
+        row.pref = QStringLiteral("UA");
+        row.kont = QStringLiteral("EU");
+    }
     ownpref = row.pref;
     ownkont = row.kont;
     ownitu = row.itu;
     owncq = row.cq;
+    ownprf = call.size() > 1 ? callPrefix(call) : QString();
     if (call.startsWith(QLatin1Char('R')) || ownpref.startsWith(QLatin1String("UA"))) {
         refineRussianArea(call, ownpref, ownkont);
-        lookupDistrict(russianDistrictKey(call), &ownitu, &owncq, nullptr);
+        if (call.size() > 3) lookupDistrict(russianDistrictKey(call), &ownitu, &owncq, nullptr);
     }
     ownitu = padZone(ownitu);
     owncq = padZone(owncq);

@@ -1,9 +1,19 @@
-// The received-exchange box: its character set, its preparation for the call and its Enter.
-// The per-contest checks of what was received go into checkExchange(); qsopoints() gives the
-// points. Both run on Enter before the QSO is committed.
+// The received-exchange box: its character set, its preparation for the call, its Enter and
+// the check of what was received.
+#include "contests/exchangecheck.h"
+#include "data/databases.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
+
+namespace {
+
+const QString& unacceptable() {
+    static const QString mark = QStringLiteral("Неверно");
+    return mark;
+}
+
+} // namespace
 
 void ContestForm::registerExchange() {
     proc("wwodrstr", [this] { wwodrstr(); });
@@ -13,6 +23,7 @@ void ContestForm::registerExchange() {
     var(
         "rstrselected", [this] { return QString::number(rstrselected ? 1 : 0); },
         [this](const QString& v) { rstrselected = val(v) != 0; });
+    var("confirmedBad", confirmedBad);
 }
 
 QString ContestForm::exchangeChars() const {
@@ -28,6 +39,10 @@ bool ContestForm::countsExchange() const {
     return exchmult == 0 || itufill == 0 || cqfill == 0;
 }
 
+// The exchange that follows from the call (zone, district) is put in by wwodcall just before;
+// here it is checked as a multiplier, and RAEM scores its coordinates. The sent boxes were
+// prepared by nextserial when the callsign box took the focus (the serial, the fixed exchange,
+// LZ Open's passed-on number, RAEM's own coordinates).
 void ContestForm::wwodrstr() {
     if (countsExchange() && !txtrstr->text().isEmpty()) {
         pscand = txtrstr->text();
@@ -36,8 +51,37 @@ void ContestForm::wwodrstr() {
     if (contestcode == QLatin1String("raem")) raemscore();
 }
 
-void ContestForm::checkExchange() {
-    // Per-contest checks of the received exchange come here; none is fixed yet.
+bool ContestForm::oblastKnown(const QString& code) {
+    // Read once; a code missing from the copy is looked for again, since the districts window
+    // may have added it meanwhile.
+    if (oblastCodes.contains(code)) return true;
+    const QStringList all = env().db->rus.column(
+        QStringLiteral("SELECT DISTINCT kodsrr FROM tblrus WHERE length(kodsrr) > 0"));
+    oblastCodes = QSet<QString>(all.begin(), all.end());
+    return oblastCodes.contains(code);
+}
+
+bool ContestForm::checkExchange() {
+    // A repeat or too-early QSO scores nothing anyway, and its mark must reach the commit.
+    if (txtrepit->visible() && txtrepit->text() != unacceptable()) return true;
+    // A second Enter on the unchanged exchange takes it as received.
+    if (txtrepit->visible() && txtrstr->text() == confirmedBad) {
+        txtrepit->setVisible(false);
+        confirmedBad.clear();
+        return true;
+    }
+    QsoFacts q;
+    q.contest = contestcode;
+    q.call = txtcall->text();
+    q.pref = callpref;
+    q.report = lblrstr->text();
+    q.exchange = txtrstr->text();
+    if (exchangeAcceptable(q, [this](const QString& code) { return oblastKnown(code); }))
+        return true;
+    txtrepit->setText(unacceptable());
+    txtrepit->setVisible(true);
+    confirmedBad = txtrstr->text();
+    return false;
 }
 
 void ContestForm::txtrstr_KeyPress(Event& e) {
@@ -54,23 +98,33 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
             return;
         }
         if (replace) txtrstr->setText(QString());
+        rearmCheck();
         if (contestcode == QLatin1String("sac")) SAC1();
         return;
     }
+    if (e.keyAscii == keys::Backspace) rearmCheck();
     // Backspace on the selection empties the box: it removes this one blank after the handler.
     if (replace && e.keyAscii == keys::Backspace) txtrstr->setText(QStringLiteral(" "));
     if (e.keyAscii != keys::Enter) return;
     if (txtrstr->text().isEmpty()) return; // nothing to log yet
+    if (!checkExchange()) return;          // corrected or confirmed by the next Enter
     if (contestcode == QLatin1String("raem")) raemscore();
-    checkExchange();
     if (countsExchange()) {
         pscand = txtrstr->text();
         pscheck();
     }
+    scoringEntered = true;
     qsopoints();
+    scoringEntered = false;
     if (contestcode == QLatin1String("raem")) raemscore();
     if (txtrepit->visible()) txtpoint->setText(QStringLiteral("0"));
     cmbAdd_Click();
+}
+
+void ContestForm::rearmCheck() {
+    // Any edit of a refused exchange hides the mark: the next Enter checks again.
+    if (txtrepit->visible() && txtrepit->text() == unacceptable()) txtrepit->setVisible(false);
+    confirmedBad.clear();
 }
 
 void ContestForm::txtrstr_GotFocus() {
@@ -82,6 +136,7 @@ void ContestForm::lblrstr_KeyPress(Event& e) {
     // The received report of "chemp": digits only; Enter goes on to the exchange.
     e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
     if (e.keyAscii > 26 && !digits.contains(QChar(e.keyAscii))) e.keyAscii = 0;
+    if (e.keyAscii > 26 || e.keyAscii == keys::Backspace) rearmCheck(); // a correction
     if (e.keyAscii == keys::Enter) setFocus(txtrstr);
 }
 

@@ -72,6 +72,7 @@ class OtchetForm : public Form {
     StationBoxes stationBoxes() const;
     SummaryBoxes summaryBoxes() const;
     void writeReport(const QString& fileName, const std::function<QByteArray()>& build);
+    static QString fitFileName(QString name);
     // standardbuttons.cpp
     void createStandardControls();
     void registerStandardHandlers();

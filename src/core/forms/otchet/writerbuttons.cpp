@@ -38,12 +38,29 @@ SummaryBoxes OtchetForm::summaryBoxes() const {
     return b;
 }
 
+// The file name a call gives: a portable call ("UA3ABC/P") names a file, not a folder inside the
+// output folder; a name longer than a file name may be (255 bytes, less the few the safe write
+// adds for its temporary twin) is cut before its extension.
+QString OtchetForm::fitFileName(QString name) {
+    name.replace(QLatin1Char('/'), QLatin1Char('_'));
+    constexpr qsizetype kMaxBytes = 240;
+    if (name.toUtf8().size() <= kMaxBytes) return name;
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const QString ext = dot > 0 && name.size() - dot <= 5 ? name.mid(dot) : QString();
+    QString base = name.left(name.size() - ext.size());
+    while (!base.isEmpty() && (base + ext).toUtf8().size() > kMaxBytes) {
+        base.chop(1);
+        if (!base.isEmpty() && base.back().isHighSurrogate()) base.chop(1);
+    }
+    return base + ext;
+}
+
 // A writer never interrupts the operator with a message box, whatever goes wrong; but a file
 // that was not written must not pass for one that was, so the outcome goes into lblstatus,
 // where the window shows it quietly. Nothing here changes the log.
 void OtchetForm::writeReport(const QString& fileName, const std::function<QByteArray()>& build) {
     txtput->setText(withTrailingSlash(txtput->text()));
-    const QString path = txtput->text() + fileName;
+    const QString path = txtput->text() + fitFileName(fileName);
     bool ok = false;
     try {
         ok = writeReportFile(path, build());
