@@ -248,6 +248,29 @@ TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses)
     EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new-journal"));
 }
 
+TEST_F(BadFilesTest, StationLogLeftHalfWrittenByACrashIsRolledBackAtTheNextStart) {
+    // a transfer killed halfway: its rollback journal is on disk, the file holds half the rows
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Db iaru;
+        iaru.open(path("dbiaru.sqlite"), false);
+        iaru.exec("PRAGMA cache_size=1"); // pages go to the file before the commit
+        iaru.begin();
+        for (int i = 0; i < 3000; ++i)
+            iaru.run("INSERT INTO tbllog1 (ccall, QTH) VALUES (?1, ?2)",
+                     {QString("DL%1").arg(i), QString(200, 'x')});
+        _exit(0); // no commit, no clean close
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    ASSERT_TRUE(QFileInfo::exists(path("dbiaru.sqlite") + "-journal"));
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    EXPECT_EQ(db.iaru.count("SELECT * FROM tbllog1"), 0);
+    EXPECT_EQ(db.iaru.scalar("PRAGMA integrity_check"), "ok");
+}
+
 TEST_F(BadFilesTest, StationLogReplacedWhileRunningIsNotWrittenBehindTheOperatorsBack) {
     Databases db;
     QString error;
