@@ -84,41 +84,37 @@ void LogTally::addRows(const Rows& qsos, const Rows& mults, const Rows& mults2, 
 void LogTally::countAll() {
     ++fullCounts_;
     bands_.clear();
-    const QStringList c{contest_};
-    const Rows qsos =
-        db_.query(perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", false, 0),
-                  {contest_, placeholder()});
-    const Rows mults = db_.query(
-        perBand("SELECT bband, COUNT(DISTINCT mult)", "ps2 = ?1 AND length(mult) > 0", false, 0),
-        c);
-    const Rows mults2 = db_.query(
-        perBand("SELECT bband, COUNT(DISTINCT ps)", "ps2 = ?1 AND length(ps) > 0", false, 0), c);
-    Rows sums;
-    if (withPoints_)
-        sums = db_.query(perBand("SELECT bband, SUM(CAST(point AS INTEGER)), "
-                                 "SUM(CAST(point2 AS INTEGER))",
-                                 "ps2 = ?1", false, 0),
-                         c);
-    addRows(qsos, mults, mults2, sums);
+    count(false, QString());
 }
 
 void LogTally::countBand(const QString& bband) {
     bands_.remove(bband);
-    const QStringList cb{contest_, bband};
+    count(true, bband);
+}
+
+// The per-band counts of the whole contest, or of one band (its text the last parameter).
+void LogTally::count(bool oneBand, const QString& bband) {
+    QStringList c{contest_};
+    QStringList q{contest_, placeholder()};
+    if (oneBand) {
+        c << bband;
+        q << bband;
+    }
+    const int cBand = oneBand ? 2 : 0, qBand = oneBand ? 3 : 0;
     const Rows qsos =
-        db_.query(perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", true, 3),
-                  {contest_, placeholder(), bband});
-    const Rows mults = db_.query(
-        perBand("SELECT bband, COUNT(DISTINCT mult)", "ps2 = ?1 AND length(mult) > 0", true, 2),
-        cb);
+        db_.query(perBand("SELECT bband, COUNT(*)", "ps2 = ?1 AND ccall <> ?2", oneBand, qBand), q);
+    const Rows mults = db_.query(perBand("SELECT bband, COUNT(DISTINCT mult)",
+                                         "ps2 = ?1 AND length(mult) > 0", oneBand, cBand),
+                                 c);
     const Rows mults2 = db_.query(
-        perBand("SELECT bband, COUNT(DISTINCT ps)", "ps2 = ?1 AND length(ps) > 0", true, 2), cb);
+        perBand("SELECT bband, COUNT(DISTINCT ps)", "ps2 = ?1 AND length(ps) > 0", oneBand, cBand),
+        c);
     Rows sums;
     if (withPoints_)
         sums = db_.query(perBand("SELECT bband, SUM(CAST(point AS INTEGER)), "
                                  "SUM(CAST(point2 AS INTEGER))",
-                                 "ps2 = ?1", true, 2),
-                         cb);
+                                 "ps2 = ?1", oneBand, cBand),
+                         c);
     addRows(qsos, mults, mults2, sums);
 }
 

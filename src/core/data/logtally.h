@@ -52,6 +52,7 @@ class LogTally {
     bool acceptOwnWrite(); // true when exactly one write happened since the last look
     void countAll();
     void countBand(const QString& bband);
+    void count(bool oneBand, const QString& bband);
     void addRows(const Rows& qsos, const Rows& mults, const Rows& mults2, const Rows& sums);
 
     Db& db_;
