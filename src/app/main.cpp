@@ -58,6 +58,12 @@ int main(int argc, char** argv) {
     }
     hfc::MainWindow window(&form);
     ui.setParent(&window);
+    // The window comes back where it was, with its panels where the operator dragged them.
+    window.restoreGeometry(settings.value(QStringLiteral("window/geometry")).toByteArray());
+    window.restoreLayout(settings.value(QStringLiteral("window/panels")).toByteArray());
     window.show();
-    return app.exec();
+    const int rc = app.exec();
+    settings.setValue(QStringLiteral("window/geometry"), window.saveGeometry());
+    settings.setValue(QStringLiteral("window/panels"), window.saveLayout());
+    return rc;
 }

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QComboBox>
 #include <QFileSystemModel>
 #include <QFocusEvent>
@@ -338,7 +339,14 @@ void Binder::followShown(Form* form, QWidget* window) {
 
 void Binder::onFocusChanged(Control* c) {
     if (QWidget* w = widgets_.value(c, nullptr)) {
-        if (!w->hasFocus() && w->isVisible()) w->setFocus(Qt::OtherFocusReason);
+        if (w->hasFocus() || !w->isVisible()) return;
+        // A box in a panel floating on its own takes the keyboard only with its window active,
+        // and so does the main window's box after one. Other windows keep theirs.
+        QWidget* active = QApplication::activeWindow();
+        if (active && active != w->window() &&
+            (qobject_cast<QDockWidget*>(active) || qobject_cast<QDockWidget*>(w->window())))
+            w->window()->activateWindow();
+        w->setFocus(Qt::OtherFocusReason);
     }
 }
 

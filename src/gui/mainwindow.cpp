@@ -4,7 +4,9 @@
 #include "binder.h"
 #include "forms/contest/contestform.h"
 #include "otchetview.h"
+#include "paneldock.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -91,16 +93,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     earlier->addWidget(earlierGrid);
     middle->addLayout(earlier, 2);
     middle->addWidget(buildScorePanel());
-    auto* worked = new QVBoxLayout;
-    worked->addWidget(binder_->make("List1"));
-    middle->addLayout(worked);
     v->addLayout(middle, 2);
-
-    auto* panels = new QHBoxLayout;
-    panels->addWidget(buildMultiplierWindow(), 2);
-    panels->addWidget(buildKeyerPanel(), 1);
-    panels->addWidget(buildQtcFrame(), 1);
-    v->addLayout(panels);
 
     auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
     // A whole log row fits the window's width: narrow columns, a wider one for the call.
@@ -111,6 +104,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     v->addWidget(log, 3);
 
     setCentralWidget(central);
+    buildPanels();
     resize(1280, 860);
 
     auto* timer = new QTimer(this);
@@ -146,6 +140,49 @@ void MainWindow::buildMenus() {
                              "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
+}
+
+// The panels the contests switch on and off sit in docks: under the log by default, the worked
+// multipliers at the right edge, and wherever the operator drags them after that.
+void MainWindow::buildPanels() {
+    setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks);
+    const auto dock = [this](const char* name, const QString& title, QWidget* content,
+                             Control* c, Qt::DockWidgetArea area) {
+        auto* d = new PanelDock(QString::fromLatin1(name), title, content, c, this);
+        addDockWidget(area, d);
+        docks_.push_back(d);
+        connect(d, &PanelDock::activationSettled, this, &MainWindow::keepKeyboardWithModel);
+        d->follow();
+        return d;
+    };
+    PanelDock* mult = dock("panelMultipliers", QStringLiteral("Окно множителей"),
+                           buildMultiplierWindow(), form_->multwid, Qt::BottomDockWidgetArea);
+    PanelDock* keyer = dock("panelKeyer", QStringLiteral("Телеграфный ключ"), buildKeyerPanel(),
+                            form_->frCW, Qt::BottomDockWidgetArea);
+    PanelDock* qtc = dock("panelQtc", QStringLiteral("QTC"), buildQtcFrame(), form_->FRQTC,
+                          Qt::BottomDockWidgetArea);
+    splitDockWidget(mult, keyer, Qt::Horizontal);
+    splitDockWidget(keyer, qtc, Qt::Horizontal);
+    dock("panelWorked", QStringLiteral("Сработанные множители"), binder_->make("List1"),
+         form_->List1, Qt::RightDockWidgetArea);
+}
+
+// Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
+// operator's typing belongs where the window model has its focus, so it goes back there. A click
+// into a box of the panel has moved the model's focus there, and then nothing changes.
+void MainWindow::keepKeyboardWithModel() {
+    QWidget* want = binder_->widget(form_->focusName());
+    if (!want || !want->isVisible() || want == QApplication::focusWidget()) return;
+    want->window()->activateWindow();
+    want->setFocus(Qt::OtherFocusReason);
+}
+
+QByteArray MainWindow::saveLayout() const { return saveState(kLayoutVersion); }
+
+bool MainWindow::restoreLayout(const QByteArray& state) {
+    const bool ok = restoreState(state, kLayoutVersion);
+    for (PanelDock* d : docks_) d->follow();
+    return ok;
 }
 
 QWidget* MainWindow::buildEntryLine() {

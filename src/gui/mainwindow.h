@@ -2,6 +2,7 @@
 // The main logging window: lays out the widgets of the CONTEST model. Everything it shows comes
 // from the model; everything the operator does goes into it.
 #include <QHash>
+#include <QList>
 #include <QMainWindow>
 
 class QMenu;
@@ -11,18 +12,26 @@ namespace hfc {
 class ContestForm;
 class Binder;
 class Form;
+class PanelDock;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     explicit MainWindow(ContestForm* form, QWidget* parent = nullptr);
     Binder* binder() const { return binder_; }
+    // Where the operator dragged the panels: kept between runs by the caller.
+    QByteArray saveLayout() const;
+    bool restoreLayout(const QByteArray& state); // false (nothing changed) for a foreign state
 
   protected:
     void closeEvent(QCloseEvent* e) override;
 
   private:
+    static constexpr int kLayoutVersion = 1;
+
     void buildMenus();
+    void buildPanels();
+    void keepKeyboardWithModel();
     QWidget* buildEntryLine();
     QWidget* buildScorePanel();
     QWidget* buildMultiplierWindow();
@@ -34,6 +43,7 @@ class MainWindow : public QMainWindow {
     Binder* binder_;
     QHash<Form*, QWidget*> subWindows_;
     QMenu* contestMenu_ = nullptr;
+    QList<PanelDock*> docks_;
 };
 
 } // namespace hfc
