@@ -4,8 +4,8 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDockWidget>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QFileSystemModel>
 #include <QFocusEvent>
 #include <QGroupBox>

@@ -146,8 +146,8 @@ void MainWindow::buildMenus() {
 // multipliers at the right edge, and wherever the operator drags them after that.
 void MainWindow::buildPanels() {
     setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks);
-    const auto dock = [this](const char* name, const QString& title, QWidget* content,
-                             Control* c, Qt::DockWidgetArea area) {
+    const auto dock = [this](const char* name, const QString& title, QWidget* content, Control* c,
+                             Qt::DockWidgetArea area) {
         auto* d = new PanelDock(QString::fromLatin1(name), title, content, c, this);
         addDockWidget(area, d);
         docks_.push_back(d);
@@ -177,7 +177,9 @@ void MainWindow::keepKeyboardWithModel() {
     want->setFocus(Qt::OtherFocusReason);
 }
 
-QByteArray MainWindow::saveLayout() const { return saveState(kLayoutVersion); }
+QByteArray MainWindow::saveLayout() const {
+    return saveState(kLayoutVersion);
+}
 
 bool MainWindow::restoreLayout(const QByteArray& state) {
     const bool ok = restoreState(state, kLayoutVersion);

@@ -1,10 +1,8 @@
 // The Qt main window offscreen: menu captions in order, and real key events reaching the model.
 #include "binder.h"
-#include "data/databases.h"
-#include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "mainwindow.h"
-#include "script/scriptedui.h"
+#include "windowfixture.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -14,36 +12,11 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
 using namespace hfc;
-
-namespace {
-struct Window {
-    QTemporaryDir dir;
-    Databases db;
-    ScriptedUi ui;
-    FixedClock clock;
-    std::unique_ptr<ContestForm> form;
-    std::unique_ptr<MainWindow> win;
-    Window() {
-        QString error;
-        EXPECT_TRUE(db.open(dir.path(), error));
-        Env env;
-        env.db = &db;
-        env.ui = &ui;
-        env.clock = &clock;
-        form = std::make_unique<ContestForm>(env);
-        form->Form_Load();
-        win = std::make_unique<MainWindow>(form.get());
-        win->show();
-        QApplication::setActiveWindow(win.get()); // keys go to the focused box of the active window
-    }
-};
-} // namespace
 
 TEST(MainWindowGui, MenuBarHasTheCaptionsInOrder) {
     Window w;

@@ -1,0 +1,97 @@
+// A few QSOs logged on the Qt window with key events alone, as an operator works: the contest
+// from the menu, the band by arrows, the call, Enter, the exchange, Enter.
+#include "windowfixture.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTableView>
+#include <QTest>
+
+using namespace hfc;
+
+namespace {
+// Keys go wherever the keyboard is, like the operator's.
+void press(Qt::Key key) {
+    QWidget* w = QApplication::focusWidget();
+    ASSERT_NE(w, nullptr);
+    QTest::keyClick(w, key);
+}
+void type(const char* text) {
+    QWidget* w = QApplication::focusWidget();
+    ASSERT_NE(w, nullptr);
+    QTest::keyClicks(w, QString::fromLatin1(text));
+}
+QString focusName() {
+    QWidget* w = QApplication::focusWidget();
+    return w ? w->objectName() : QString();
+}
+} // namespace
+
+TEST(LoggingGui, AContestLoggedWithTheKeyboardAlone) {
+    Window w;
+    w.clock.set(QDateTime(QDate(2024, 11, 23), QTime(3, 0)),
+                QDateTime(QDate(2024, 11, 23), QTime(0, 0)));
+    w.win->findChild<QLineEdit*>("txtcall")->setFocus();
+
+    // F10, down the contest menu to CQ WW, Enter; the own zone is asked for.
+    press(Qt::Key_F10);
+    QMenu* menu = w.win->menuBar()->actions().at(0)->menu();
+    ASSERT_TRUE(menu->isVisible());
+    for (int i = 0; i < 60 && !(menu->activeAction() && menu->activeAction()->text() == "CQ WW");
+         ++i)
+        QTest::keyClick(menu, Qt::Key_Down);
+    ASSERT_NE(menu->activeAction(), nullptr);
+    w.ui.queueInput(QString("16"));
+    QTest::keyClick(menu, Qt::Key_Return);
+    ASSERT_EQ(w.form->getVar("contestcode"), "cqww");
+    QApplication::processEvents();
+    // Offscreen no window manager hands the window its activation back from the closed menu.
+    if (QApplication::activeWindow() != w.win.get()) QApplication::setActiveWindow(w.win.get());
+
+    // The band buttons have the keyboard: two to the right is 7 MHz.
+    EXPECT_TRUE(focusName().startsWith("cmbband"));
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    press(Qt::Key_Return);
+    EXPECT_EQ(w.form->getVar("curband"), "7");
+    EXPECT_EQ(focusName(), "txtcall");
+
+    auto* grid = w.win->findChild<QTableView*>("DBGrid3");
+    auto* repeat = w.win->findChild<QWidget*>("txtrepit");
+    for (const char* call : {"DL1ABC", "F5ABC"}) {
+        type(call);
+        EXPECT_EQ(w.form->txtstran5->text().isEmpty(), false) << call; // country on each key
+        press(Qt::Key_Return);
+        EXPECT_EQ(focusName(), "txtrstr") << call; // the exchange, its zone already in
+        press(Qt::Key_Return);
+        EXPECT_EQ(focusName(), "txtcall") << call;
+        w.clock.advance(60);
+    }
+    EXPECT_EQ(grid->model()->rowCount(), 2);
+    EXPECT_EQ(w.win->findChild<QLineEdit*>("qsotot")->text(), "2");
+    EXPECT_EQ(w.win->findChild<QLineEdit*>("TXTRSTS2")->text(), "2");
+
+    // The same station again: its earlier QSO is shown and the repeat mark comes up.
+    type("DL1AB");
+    EXPECT_FALSE(repeat->isVisible());
+    type("C");
+    EXPECT_TRUE(repeat->isVisible());
+    EXPECT_EQ(w.win->findChild<QTableView*>("DBGrid1")->model()->rowCount(), 1);
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
+    EXPECT_EQ(focusName(), "txtcall");
+    EXPECT_FALSE(repeat->isVisible());
+    EXPECT_EQ(grid->model()->rowCount(), 3);
+
+    const auto rows =
+        w.db.contest.query("SELECT ccall, bband, ps1, point FROM tbllog ORDER BY rowid");
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[0][0], "DL1ABC");
+    EXPECT_EQ(rows[0][1], "7");
+    EXPECT_EQ(rows[1][0], "F5ABC");
+    EXPECT_EQ(rows[2][2], "DUPE");
+    EXPECT_EQ(rows[2][3], "0");
+}

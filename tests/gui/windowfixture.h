@@ -1,0 +1,35 @@
+#pragma once
+// The main window over a fresh data folder, shown offscreen and active: keys sent to its focused
+// box reach the model as the operator's would.
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "mainwindow.h"
+#include "script/scriptedui.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+struct Window {
+    QTemporaryDir dir;
+    hfc::Databases db;
+    hfc::ScriptedUi ui;
+    hfc::FixedClock clock;
+    std::unique_ptr<hfc::ContestForm> form;
+    std::unique_ptr<hfc::MainWindow> win;
+    Window() {
+        QString error;
+        EXPECT_TRUE(db.open(dir.path(), error));
+        hfc::Env env;
+        env.db = &db;
+        env.ui = &ui;
+        env.clock = &clock;
+        form = std::make_unique<hfc::ContestForm>(env);
+        form->Form_Load();
+        win = std::make_unique<hfc::MainWindow>(form.get());
+        win->show();
+        QApplication::setActiveWindow(win.get()); // keys go to the focused box of the active window
+    }
+};
