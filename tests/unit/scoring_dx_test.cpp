@@ -1,27 +1,22 @@
-// Points and exchange checks of the DX contests, one table of real QSOs per contest, logged
-// through the entry line. Own stations: RA3AA (European Russia) unless a row says otherwise.
+// Points and exchange checks of the DX contests: real QSOs logged through the entry line, one
+// table per contest, grouped by what the rule reads. Own station RA3AA (European Russia) unless
+// a row says otherwise. IARU HF, WPX from the USA and the grid contests are also played through
+// whole in the scenario tests.
 #include "scoringfixture.h"
 
 using Scoring = hfc::test::ScoringFixture;
 
-TEST_F(Scoring, Aa) {
-    select("mnuaa", "45");
+TEST_F(Scoring, ByCountryAndContinent) {
     expectAll({
-        {"RA3AA", "JA1XYZ", "14", "38", "1"},
-        {"RA3AA", "JA1XYZ", "1,8", "38", "3"},
-        {"RA3AA", "JA1XYZ", "3,5", "38", "2"},
-        {"RA3AA", "JA1XYZ", "28", "00", "2"},
-        {"RA3AA", "DL1ABC", "14", "38", "0"},
-        {"RA9AA", "RA9XY", "14", "38", "0"},
-        {"RA9AA", "DL1ABC", "14", "38", "3"},
-        {"RA9AA", "DL1ABC", "1,8", "38", "9"},
-        {"RA3AA", "JA1XYZ", "14", "4", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Cqm) {
-    select("mnucqm");
-    expectAll({
+        {"mnucqww 16"},
+        {"RA3AA", "DL1ABC", "14", nullptr, "1"},
+        {"W1AW", "K3LR", "14", nullptr, "3"}, // Europe or not, whoever works
+        {"RA3AA", "UA3BBB", "14", nullptr, "0"},
+        {"DL1ABC", "UA3BBB", "14", nullptr, "1"},
+        {"W1AW", "UA3BBB", "14", nullptr, "3"},
+        {"RA3AA", "DL1ABC", "14", "41", "Неверно"},
+        {"RA3AA", "DL1ABC", "14", "0", "Неверно"},
+        {"mnucqm"},
         {"RA3AA", "UA3BBB", "14", "001", "1"},
         {"RA3AA", "DL1ABC", "14", "001", "2"},
         {"RA3AA", "JA1XYZ", "14", "001", "2"},
@@ -32,12 +27,32 @@ TEST_F(Scoring, Cqm) {
         {"DL1ABC", "F5ABC", "14", "001", "2"},
         {"DL1ABC", "W1AW", "14", "001", "3"},
         {"RA3AA", "DL1ABC", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Cq160) {
-    select("mnucq160", "16");
-    expectAll({
+        {"mnucro"},
+        {"RA3AA", "9A1AA", "3,5", "001", "10"},
+        {"RA3AA", "9A1AA", "14", "001", "6"},
+        {"RA3AA", "W1AW", "7", "001", "6"},
+        {"RA3AA", "W1AW", "21", "001", "3"},
+        {"RA3AA", "DL1ABC", "7", "001", "2"},
+        {"RA3AA", "DL1ABC", "14", "001", "1"},
+        {"RA3AA", "DL1ABC", "14", "12345", "Неверно"},
+        {"mnuwpx"},
+        {"RA3AA", "DL1ABC", "14", "001", "1"},
+        {"RA3AA", "DL1ABC", "7", "001", "2"},
+        {"RA3AA", "W1AW", "7", "001", "6"},
+        {"RA3AA", "W1AW", "sat", "001", "0"},
+        {"mnueuhf 95"},
+        {"RA3AA", "DL1ABC", "14", "98", "1"},
+        {"RA3AA", "W1AW", "14", "80", "0"},
+        {"W1AW", "DL1ABC", "14", "98", "0"},
+        {"RA3AA", "DL1ABC", "14", "1", "Неверно"},
+        {"mnuwae"},
+        {"RA3AA", "W1AW", "14", "001", "1"},
+        {"RA3AA", "DL1ABC", "14", "001", "0"},
+        {"RA3AA", "W1AW", "1,8", "001", "0"},
+        {"W1AW", "DL1ABC", "14", "001", "1"},
+        {"W1AW", "K3LR", "14", "001", "0"},
+        {"RA3AA", "W1AW", "14", "12345", "Неверно"},
+        {"mnucq160 16"},
         {"RA3AA", "W1AW", "1,8", "CT", "10"},
         {"RA3AA", "DL1ABC", "1,8", "14", "5"},
         {"RA3AA", "UA3BBB", "1,8", "16", "2"},
@@ -49,81 +64,25 @@ TEST_F(Scoring, Cq160) {
     });
 }
 
-TEST_F(Scoring, Cro) {
-    select("mnucro");
+TEST_F(Scoring, OneRegionWorksTheOthers) {
     expectAll({
-        {"RA3AA", "9A1AA", "3,5", "001", "10"},
-        {"RA3AA", "9A1AA", "14", "001", "6"},
-        {"RA3AA", "W1AW", "7", "001", "6"},
-        {"RA3AA", "W1AW", "21", "001", "3"},
-        {"RA3AA", "DL1ABC", "7", "001", "2"},
-        {"RA3AA", "DL1ABC", "14", "001", "1"},
-        {"RA3AA", "UA3BBB", "14", "001", "1"},
-        {"RA3AA", "DL1ABC", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Cqww) {
-    select("mnucqww", "16");
-    expectAll({
-        {"RA3AA", "DL1ABC", "14", nullptr, "1"},
-        {"RA3AA", "W1AW", "14", nullptr, "3"},
-        {"RA3AA", "UA3BBB", "14", nullptr, "0"},
-        {"DL1ABC", "UA3BBB", "14", nullptr, "1"},
-        {"W1AW", "UA3BBB", "14", nullptr, "3"},
-        {"W1AW", "K3LR", "14", nullptr, "3"}, // Europe or not, whoever works
-        {"RA3AA", "DL1ABC", "14", "41", "Неверно"},
-        {"RA3AA", "DL1ABC", "14", "0", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Euhf) {
-    select("mnueuhf", "95");
-    expectAll({
-        {"RA3AA", "DL1ABC", "14", "98", "1"},
-        {"RA3AA", "W1AW", "14", "80", "0"},
-        {"RA3AA", "RA9AA", "14", "01", "0"},
-        {"W1AW", "DL1ABC", "14", "98", "0"},
-        {"RA3AA", "DL1ABC", "14", "1", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, FieldDay) {
-    select("mnufd");
-    expectAll({
+        {"mnuaa 45"},
+        {"RA3AA", "JA1XYZ", "14", "38", "1"},
+        {"RA3AA", "JA1XYZ", "1,8", "38", "3"},
+        {"RA3AA", "JA1XYZ", "3,5", "38", "2"},
+        {"RA3AA", "JA1XYZ", "28", "00", "2"},
+        {"RA3AA", "DL1ABC", "14", "38", "0"},
+        {"RA9AA", "RA9XY", "14", "38", "0"},
+        {"RA9AA", "DL1ABC", "1,8", "38", "9"},
+        {"RA3AA", "JA1XYZ", "14", "4", "Неверно"},
+        {"mnuvkzl"},
+        {"RA3AA", "VK2ABC", "1,8", "001", "20"},
+        {"RA3AA", "ZL1AA", "14", "001", "1"},
+        {"RA3AA", "VK2ABC", "28", "001", "3"},
         {"RA3AA", "DL1ABC", "14", "001", "0"},
-        {"RA3AA", "DL1ABC/P", "14", "001", "4"},
-        {"RA3AA", "W1AW/P", "14", "001", "6"},
-        {"RA3AA/P", "DL1ABC", "14", "001", "2"},
-        {"RA3AA/P", "W1AW", "14", "001", "3"},
-        {"RA3AA/P", "DL1ABC/P", "14", "001", "4"},
-        {"RA3AA", "DL1ABC/P", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Iaru) {
-    select("mnuiaru", "29");
-    expectAll({
-        {"RA3AA", "DL1ABC", "14", nullptr, "3"},
-        {"RA3AA", "W1AW", "14", nullptr, "5"},
-        {"RA3AA", "UA3BBB", "14", nullptr, "1"},
-        {"RA3AA", "DL0HQ", "14", "DARC", "1"},
-        {"RA3AA", "DL1ABC", "14", "91", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Marconi) {
-    select("mnumarc");
-    expectAll({
-        {"RA3AA", "I2XYZ", "14", "001", "1"},
-        {"RA3AA", "W1AW", "7", "001", "1"},
-        {"RA3AA", "W1AW", "7", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Sac) {
-    select("mnusac");
-    expectAll({
+        {"VK2ABC", "DL1ABC", "14", "001", "1"},
+        {"RA3AA", "VK2ABC", "14", "12345", "Неверно"},
+        {"mnusac"},
         {"RA3AA", "SM5AA", "14", "001", "1"},
         {"RA3AA", "DL1ABC", "14", "001", "0"},
         {"RA3AA", "SM5AA", "1,8", "001", "0"},
@@ -136,19 +95,17 @@ TEST_F(Scoring, Sac) {
     });
 }
 
-TEST_F(Scoring, Toec) {
-    select("mnutoec", "KO85");
+TEST_F(Scoring, PortableMaritimeAndSpecialStations) {
     expectAll({
-        {"RA3AA", "DL1ABC", "14", "JO62", "1"},
-        {"RA3AA", "W1AW", "14", "FN31", "3"},
-        {"RA3AA", "DL1ABC", "14", "JO6", "Неверно"},
-        {"RA3AA", "DL1ABC", "14", "ZZ99", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Tops) {
-    select("mnutops");
-    expectAll({
+        {"mnufd"},
+        {"RA3AA", "DL1ABC", "14", "001", "0"},
+        {"RA3AA", "DL1ABC/P", "14", "001", "4"},
+        {"RA3AA", "W1AW/P", "14", "001", "6"},
+        {"RA3AA/P", "DL1ABC", "14", "001", "2"},
+        {"RA3AA/P", "W1AW", "14", "001", "3"},
+        {"RA3AA/P", "DL1ABC/P", "14", "001", "4"},
+        {"RA3AA", "DL1ABC/P", "14", "12345", "Неверно"},
+        {"mnutops"},
         {"RA3AA", "UA3BBB", "3,5", "001", "1"},
         {"RA3AA", "RA6AA", "3,5", "001", "2"}, // another call area of a large country
         {"RA3AA", "DL1ABC", "3,5", "001/123", "4"},
@@ -157,77 +114,7 @@ TEST_F(Scoring, Tops) {
         {"RA3AA", "GB6AQ", "3,5", "001", "12"},
         {"RA3AA", "DL1ABC", "14", "001", "0"},
         {"RA3AA", "DL1ABC", "3,5", "001/", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Iota) {
-    select("mnuiota");
-    expectAll({
-        {"RA3AA", "DL1ABC", "14", "001EU005", "15"},
-        {"RA3AA", "W1AW", "14", "001", "2"},
-        {"RA3AA", "DL1ABC", "1,8", "001EU005", "0"},
-        {"RA3AA", "DL1ABC", "14", "001EU05", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Wae) {
-    select("mnuwae");
-    expectAll({
-        {"RA3AA", "W1AW", "14", "001", "1"},
-        {"RA3AA", "DL1ABC", "14", "001", "0"},
-        {"RA3AA", "W1AW", "1,8", "001", "0"},
-        {"RA3AA", "RA9AA", "14", "001", "1"},
-        {"W1AW", "DL1ABC", "14", "001", "1"},
-        {"W1AW", "K3LR", "14", "001", "0"},
-        {"RA3AA", "W1AW", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Wpx) {
-    select("mnuwpx");
-    expectAll({
-        {"RA3AA", "UA3BBB", "14", "001", "1"},
-        {"RA3AA", "DL1ABC", "14", "001", "1"},
-        {"RA3AA", "DL1ABC", "7", "001", "2"},
-        {"RA3AA", "W1AW", "14", "001", "3"},
-        {"RA3AA", "W1AW", "7", "001", "6"},
-        {"W1AW", "K3LR", "7", "001", "1"},
-        {"W1AW", "VE3AA", "14", "001", "2"},
-        {"W1AW", "VE3AA", "7", "001", "4"},
-        {"RA3AA", "W1AW", "sat", "001", "0"},
-        {"RA3AA", "W1AW", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Wwg) {
-    select("mnuwwg", "KO85");
-    expectAll({
-        {"RA3AA", "UA3BBB", "14", "KO85", "1"},
-        {"RA3AA", "DL1ABC", "14", "JO62", "4"},
-        {"RA3AA", "DL1ABC", "3,5", "JO62", "8"},
-        {"RA3AA", "DL1ABC", "1,8", "JO62", "16"},
-        {"RA3AA", "DL1ABC", "14", "KO8", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Vkzl) {
-    select("mnuvkzl");
-    expectAll({
-        {"RA3AA", "VK2ABC", "1,8", "001", "20"},
-        {"RA3AA", "VK2ABC", "3,5", "001", "10"},
-        {"RA3AA", "VK2ABC", "7", "001", "5"},
-        {"RA3AA", "ZL1AA", "14", "001", "1"},
-        {"RA3AA", "VK2ABC", "21", "001", "2"},
-        {"RA3AA", "VK2ABC", "28", "001", "3"},
-        {"RA3AA", "DL1ABC", "14", "001", "0"},
-        {"VK2ABC", "DL1ABC", "14", "001", "1"},
-        {"RA3AA", "VK2ABC", "14", "12345", "Неверно"},
-    });
-}
-
-TEST_F(Scoring, Arrl10) {
-    select("mnuarrl");
-    expectAll({
+        {"mnuarrl"},
         {"RA3AA", "W1AW", "28", "CT", "4"},
         {"RA3AA", "W1AW", "28", "CT", "2", "SSB"},
         {"RA3AA", "DL1ABC", "28", "001", "4"},
@@ -239,15 +126,31 @@ TEST_F(Scoring, Arrl10) {
     });
 }
 
-TEST_F(Scoring, AgcwAndBalticKeepTheirRules) {
-    select("mnuagcw");
+TEST_F(Scoring, FromTheExchange) {
     expectAll({
+        {"mnuiota"},
+        {"RA3AA", "DL1ABC", "14", "001EU005", "15"},
+        {"RA3AA", "W1AW", "14", "001", "2"},
+        {"RA3AA", "DL1ABC", "1,8", "001EU005", "0"},
+        {"RA3AA", "DL1ABC", "14", "001EU05", "Неверно"},
+        {"mnuwwg KO85"},
+        {"RA3AA", "DL1ABC", "1,8", "JO62", "16"},
+        {"RA3AA", "DL1ABC", "14", "KO8", "Неверно"},
+        {"mnutoec KO85"},
+        {"RA3AA", "DL1ABC", "14", "ZZ99", "Неверно"},
+    });
+}
+
+TEST_F(Scoring, OnePointContestsKeepTheirRules) {
+    expectAll({
+        {"mnumarc"},
+        {"RA3AA", "W1AW", "7", "001", "1"},
+        {"RA3AA", "W1AW", "7", "12345", "Неверно"},
+        {"mnuagcw"},
         {"RA3AA", "DL1ABC", "7", "001", "1"},
         {"RA3AA", "W1AW", "3,5", "0011234", "1"},
         {"RA3AA", "DL1ABC", "7", "0123456789", "Неверно"},
-    });
-    select("mnubal");
-    expectAll({
+        {"mnubal"},
         {"RA3AA", "ES1AA", "3,5", "001", "10"},
         {"RA3AA", "LY1AA", "3,5", "001", "10", "SSB"},
         {"RA3AA", "SM5AA", "3,5", "001", "1"},
