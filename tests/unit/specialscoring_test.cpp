@@ -27,32 +27,19 @@ struct RaemTest : FormFixture {
 
 } // namespace
 
-TEST_F(RaemTest, DistanceInDegreesWithTheNorthBonus) {
-    EXPECT_EQ(score("00155N37O"), std::make_pair(QString("0"), QString("kept")));
-    EXPECT_EQ(score("00168N33O"), std::make_pair(QString("17"), QString("kept")));
-    EXPECT_EQ(score("00169N33O"), std::make_pair(QString("18"), QString("100")));
-    EXPECT_EQ(score("00143N132O"), std::make_pair(QString("107"), QString("kept")));
-    EXPECT_EQ(score("00140N30O"), std::make_pair(QString("22"), QString("kept"))); // west and south
-}
-
-TEST_F(RaemTest, ThreeDigitLongitudeIsNotMadePositive) {
+// The plain distances and bonuses are in the scoring tables and the RAEM scenario.
+TEST_F(RaemTest, EdgesOfTheDistanceRule) {
+    EXPECT_EQ(score("00140N30O"), std::make_pair(QString("22"), QString("kept"))); // west, south
+    EXPECT_EQ(score("00102N02O").first, "88"); // 2 is inside the bounds
     // 10-character exchanges subtract without an absolute value
     EXPECT_EQ(score("00155N020O").first, "-17");
-}
-
-TEST_F(RaemTest, OutOfRangeOrWrongLengthLeavesTheBoxes) {
-    const auto untouched = std::make_pair(QString("kept"), QString("kept"));
-    EXPECT_EQ(score("00101N37O"), untouched);
-    EXPECT_EQ(score("00190N37O"), untouched);
-    EXPECT_EQ(score("00155N180O"), untouched);
-    EXPECT_EQ(score("00155N01O"), untouched);
-    EXPECT_EQ(score("0015N37O"), untouched);
-    EXPECT_EQ(score("00155N37O12"), untouched);
-    EXPECT_EQ(score("00102N02O").first, "88"); // 2 is inside the bounds
+    // out of range or the wrong length: the boxes are left
+    for (const char* rx :
+         {"00101N37O", "00190N37O", "00155N180O", "00155N01O", "0015N37O", "00155N37O12"})
+        EXPECT_EQ(score(rx), std::make_pair(QString("kept"), QString("kept"))) << rx;
 }
 
 TEST_F(RaemTest, SpecialStationAndRepeats) {
-    EXPECT_EQ(score("00155N37O", "RAEM").second, "300");
     EXPECT_EQ(score("00175N37O", "RAEM").second, "300"); // replaces the north bonus
     EXPECT_EQ(score("00175N37O", "RAEM/P").second, "100");
     EXPECT_EQ(score("00175N40O", "RAEM", true), std::make_pair(QString("0"), QString("")));
@@ -91,11 +78,8 @@ TEST_F(SacTest, SacOneIndexesTheAreaBox) {
     form->txtpoint->setText("2");
     form->SAC1();
     EXPECT_EQ(form->sacbox, 0);
-}
-
-TEST_F(SacTest, CheckItemDoesNothing) {
-    form->txtpoint->setText("5");
+    // the check item and SAC2 change nothing
     EXPECT_TRUE(form->call("mnuprow_Click", {}));
     EXPECT_TRUE(form->call("SAC2", {}));
-    EXPECT_EQ(text("txtpoint"), "5");
+    EXPECT_EQ(text("txtpoint"), "2");
 }
