@@ -59,15 +59,10 @@ TEST(MorseCode, LatinLettersAndDigitsFollowTheChart) {
 }
 
 TEST(MorseCode, CyrillicLettersTakeTheirLatinEquivalents) {
-    const QString pairs[][2] = {
-        {u("Ж"), "V"}, {u("Щ"), "Q"}, {u("Ь"), "X"}, {u("Ы"), "Y"}, {u("Ц"), "C"}, {u("Й"), "J"},
-        {u("Х"), "H"}, {u("В"), "W"}, {u("А"), "A"}, {u("Б"), "B"}, {u("Г"), "G"}, {u("Д"), "D"},
-        {u("Е"), "E"}, {u("З"), "Z"}, {u("И"), "I"}, {u("К"), "K"}, {u("Л"), "L"}, {u("М"), "M"},
-        {u("Н"), "N"}, {u("О"), "O"}, {u("П"), "P"}, {u("Р"), "R"}, {u("С"), "S"}, {u("Т"), "T"},
-        {u("У"), "U"}, {u("Ф"), "F"}};
-    for (const auto& p : pairs) {
-        EXPECT_EQ(code(p[0]), code(p[1])) << p[0].toStdString();
-        EXPECT_EQ(code(p[0].toLower()), code(p[1])) << p[0].toStdString();
+    const QString cyrillic = u("ЖЩЬЫЦЙХВАБГДЕЗИКЛМНОПРСТУФ"), latin = "VQXYCJHWABGDEZIKLMNOPRSTUF";
+    for (qsizetype i = 0; i < cyrillic.size(); ++i) {
+        EXPECT_EQ(code(cyrillic[i]), code(latin[i])) << int(cyrillic[i].unicode());
+        EXPECT_EQ(code(cyrillic[i].toLower()), code(latin[i])) << int(cyrillic[i].unicode());
     }
     EXPECT_EQ(code(u("Ч")), fromChart("---."));
     EXPECT_EQ(code(u("ш")), fromChart("----"));
