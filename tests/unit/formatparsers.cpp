@@ -19,57 +19,32 @@ bool allAscii(const QByteArray& b, QStringList& errors) {
     return true;
 }
 
+QSet<QString> words(const char* list) {
+    const QStringList w = QString::fromLatin1(list).split(QLatin1Char(' '));
+    return QSet<QString>(w.begin(), w.end());
+}
+
 // Cabrillo 3.0 tags, and the values the category tags allow.
-const QSet<QString> kTags = {"START-OF-LOG",
-                             "END-OF-LOG",
-                             "ADDRESS",
-                             "ADDRESS-CITY",
-                             "ADDRESS-STATE-PROVINCE",
-                             "ADDRESS-POSTALCODE",
-                             "ADDRESS-COUNTRY",
-                             "CALLSIGN",
-                             "CATEGORY-ASSISTED",
-                             "CATEGORY-BAND",
-                             "CATEGORY-MODE",
-                             "CATEGORY-OPERATOR",
-                             "CATEGORY-POWER",
-                             "CATEGORY-STATION",
-                             "CATEGORY-TIME",
-                             "CATEGORY-TRANSMITTER",
-                             "CATEGORY-OVERLAY",
-                             "CERTIFICATE",
-                             "CLAIMED-SCORE",
-                             "CLUB",
-                             "CONTEST",
-                             "CREATED-BY",
-                             "EMAIL",
-                             "GRID-LOCATOR",
-                             "LOCATION",
-                             "NAME",
-                             "OFFTIME",
-                             "OPERATORS",
-                             "SOAPBOX",
-                             "QSO",
-                             "X-QSO",
-                             "QTC",
-                             "DEBUG"};
+const QSet<QString> kTags = words(
+    "START-OF-LOG END-OF-LOG ADDRESS ADDRESS-CITY ADDRESS-STATE-PROVINCE ADDRESS-POSTALCODE "
+    "ADDRESS-COUNTRY CALLSIGN CATEGORY-ASSISTED CATEGORY-BAND CATEGORY-MODE CATEGORY-OPERATOR "
+    "CATEGORY-POWER CATEGORY-STATION CATEGORY-TIME CATEGORY-TRANSMITTER CATEGORY-OVERLAY "
+    "CERTIFICATE CLAIMED-SCORE CLUB CONTEST CREATED-BY EMAIL GRID-LOCATOR LOCATION NAME OFFTIME "
+    "OPERATORS SOAPBOX QSO X-QSO QTC DEBUG");
 
 const QMap<QString, QSet<QString>> kCategoryValues = {
-    {"CATEGORY-ASSISTED", {"ASSISTED", "NON-ASSISTED"}},
-    {"CATEGORY-BAND",
-     {"ALL", "160M", "80M", "40M",  "20M",  "15M",  "10M",   "6M",         "4M",
-      "2M",  "222",  "432", "902",  "1.2G", "2.3G", "3.4G",  "5.7G",       "10G",
-      "24G", "47G",  "75G", "122G", "134G", "241G", "LIGHT", "VHF-3-BAND", "VHF-FM-ONLY"}},
-    {"CATEGORY-MODE", {"CW", "DIGI", "FM", "RTTY", "SSB", "MIXED"}},
-    {"CATEGORY-OPERATOR", {"SINGLE-OP", "MULTI-OP", "CHECKLOG"}},
-    {"CATEGORY-POWER", {"HIGH", "LOW", "QRP"}},
-    {"CATEGORY-STATION",
-     {"DISTRIBUTED", "FIXED", "MOBILE", "PORTABLE", "ROVER", "ROVER-LIMITED", "ROVER-UNLIMITED",
-      "EXPEDITION", "HQ", "SCHOOL", "EXPLORER"}},
-    {"CATEGORY-TRANSMITTER", {"ONE", "TWO", "LIMITED", "UNLIMITED", "SWL"}},
+    {"CATEGORY-ASSISTED", words("ASSISTED NON-ASSISTED")},
+    {"CATEGORY-BAND", words("ALL 160M 80M 40M 20M 15M 10M 6M 4M 2M 222 432 902 1.2G 2.3G 3.4G 5.7G "
+                            "10G 24G 47G 75G 122G 134G 241G LIGHT VHF-3-BAND VHF-FM-ONLY")},
+    {"CATEGORY-MODE", words("CW DIGI FM RTTY SSB MIXED")},
+    {"CATEGORY-OPERATOR", words("SINGLE-OP MULTI-OP CHECKLOG")},
+    {"CATEGORY-POWER", words("HIGH LOW QRP")},
+    {"CATEGORY-STATION", words("DISTRIBUTED FIXED MOBILE PORTABLE ROVER ROVER-LIMITED "
+                               "ROVER-UNLIMITED EXPEDITION HQ SCHOOL EXPLORER")},
+    {"CATEGORY-TRANSMITTER", words("ONE TWO LIMITED UNLIMITED SWL")},
 };
 
-const QSet<QString> kQsoModes = {"CW", "PH", "FM", "RY", "DG"};
+const QSet<QString> kQsoModes = words("CW PH FM RY DG");
 
 bool isDate(const QString& s) {
     return QDate::fromString(s, QStringLiteral("yyyy-MM-dd")).isValid();
@@ -225,10 +200,9 @@ AdifFile readAdif(const QByteArray& file) {
 }
 
 QStringList checkAdifRecord(const AdifFields& r) {
-    static const QSet<QString> bands = {"2190m", "630m", "560m", "160m", "80m",   "60m", "40m",
-                                        "30m",   "20m",  "17m",  "15m",  "12m",   "10m", "8m",
-                                        "6m",    "5m",   "4m",   "2m",   "1.25m", "70cm"};
-    static const QSet<QString> modes = {"AM", "CW", "FM", "SSB", "RTTY", "PSK", "MFSK", "FT8"};
+    static const QSet<QString> bands =
+        words("2190m 630m 560m 160m 80m 60m 40m 30m 20m 17m 15m 12m 10m 8m 6m 5m 4m 2m 1.25m 70cm");
+    static const QSet<QString> modes = words("AM CW FM SSB RTTY PSK MFSK FT8");
     QStringList errors;
     for (const char* required : {"CALL", "QSO_DATE", "TIME_ON", "BAND", "MODE"})
         if (!r.contains(QLatin1String(required)))
