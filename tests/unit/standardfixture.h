@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QList>
+#include <QRegularExpression>
 #include <QString>
 #include <gtest/gtest.h>
 
@@ -28,4 +29,33 @@ inline QList<hfc::LogRow> standardRows(const char* name) {
         rows.append(r);
     }
     return rows;
+}
+
+// What a contest robot refuses in any Cabrillo 3.0 file: bytes other than ASCII text, a line end
+// other than CR LF, a missing START-OF-LOG/END-OF-LOG frame, a line that is no "TAG: value".
+inline QStringList cabrilloFormatErrors(const QByteArray& file) {
+    QStringList errors;
+    for (const char c : file)
+        if ((uchar(c) < 32 || uchar(c) > 126) && c != '\r' && c != '\n') {
+            errors << QStringLiteral("not ASCII");
+            break;
+        }
+    if (file.count('\n') != file.count("\r\n") || !file.endsWith("\r\n"))
+        errors << QStringLiteral("a line end other than CR LF");
+    QStringList lines = QString::fromLatin1(file).split(QStringLiteral("\r\n"));
+    lines.removeLast();
+    if (lines.value(0) != "START-OF-LOG: 3.0" || lines.value(lines.size() - 1) != "END-OF-LOG:")
+        errors << QStringLiteral("no START-OF-LOG/END-OF-LOG frame");
+    static const QRegularExpression tagLine(QStringLiteral("^[A-Z-]+:( .*)?$"));
+    for (const QString& l : lines)
+        if (!tagLine.match(l).hasMatch()) errors << QStringLiteral("not a tag line: ") + l;
+    return errors;
+}
+
+// The values of one Cabrillo tag, in file order.
+inline QStringList cabrilloTag(const QByteArray& file, const QString& tag) {
+    QStringList values;
+    for (const QString& line : QString::fromLatin1(file).split(QStringLiteral("\r\n")))
+        if (line.startsWith(tag + ": ")) values << line.mid(tag.size() + 2);
+    return values;
 }
