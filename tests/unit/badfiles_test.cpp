@@ -164,6 +164,13 @@ TEST_F(BadFilesTest, EmptyAndForeignFilesAreRefusedAndNothingIsCreatedBeside) {
     EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("нет поля"))
         << error.toStdString();
     EXPECT_EQ(digests(), before);
+    // a file that is no database at all
+    QTemporaryDir other;
+    const QString notDb = other.path() + "/dbdxcc1.sqlite";
+    overwrite(notDb, 0, "this is not a database\x01\x02");
+    const QByteArray kept = digest(notDb);
+    EXPECT_TRUE(openError(other.path()).contains("dbdxcc1.sqlite"));
+    EXPECT_EQ(digest(notDb), kept);
 }
 
 TEST_F(BadFilesTest, ReadOnlyLogIsRefusedAtStart) {

@@ -2,7 +2,6 @@
 #include "formfixture.h"
 #include "text/dates.h"
 
-#include <QFile>
 
 using namespace hfc;
 using hfc::test::FormFixture;
@@ -69,24 +68,6 @@ TEST_F(WindowTest, OwnCallIsUpperCasedAndStored) {
     EXPECT_EQ(form->focusName(), "txtcall");
 }
 
-TEST(Databases, RefusesAFileThatIsNotADatabaseAndLeavesItAsItWas) {
-    QTemporaryDir dir;
-    const QByteArray garbage("this is not a database\x01\x02", 24);
-    for (const QByteArray& content : {garbage, QByteArray()}) {
-        QFile f(dir.path() + "/dbdxcc1.sqlite");
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(content);
-        f.close();
-        Databases db;
-        QString error;
-        EXPECT_FALSE(db.open(dir.path(), error));
-        EXPECT_TRUE(error.contains("dbdxcc1.sqlite")) << error.toStdString();
-        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-        EXPECT_EQ(f.readAll(), content);
-        f.close();
-    }
-}
-
 TEST(Databases, CreatesMissingFilesOnceAndNeverOverwrites) {
     QTemporaryDir dir;
     {
@@ -104,21 +85,8 @@ TEST(Databases, CreatesMissingFilesOnceAndNeverOverwrites) {
     EXPECT_EQ(db.contest.scalar("SELECT totq FROM rezult"), "0");
 }
 
-TEST(Databases, ForeignSchemaIsRefused) {
-    QTemporaryDir dir;
-    {
-        Db other;
-        other.open(dir.path() + "/dbhelp.sqlite", true);
-        other.exec("CREATE TABLE something (x TEXT)");
-    }
-    Databases db;
-    QString error;
-    EXPECT_FALSE(db.open(dir.path(), error));
-    EXPECT_TRUE(error.contains("tblhelp"));
-    EXPECT_FALSE(QFile::exists(dir.path() + "/dbcontest.sqlite"));
-}
-
-TEST(Databases, DatesSortByCalendarValue) {
+// Bad files and folders are in badfiles_test.cpp.
+TEST(Databases, CdateGivesTheSortKeyOfEveryDateAndOfTextThatIsNone) {
     QTemporaryDir dir;
     Databases db;
     QString error;
@@ -127,36 +95,12 @@ TEST(Databases, DatesSortByCalendarValue) {
         db.contest.run("INSERT INTO tbllog (ccall, ddate) VALUES ('X', ?1)", {d});
     EXPECT_EQ(db.contest.column("SELECT ddate FROM tbllog ORDER BY cdate(ddate)"),
               QStringList({"05.02.99", "15.11.02", "31.12.02", "01.01.03"}));
-}
-
-TEST(Databases, CdateGivesTheSortKeyOfEveryDateAndOfTextThatIsNone) {
-    QTemporaryDir dir;
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(dir.path(), error));
-    QStringList texts;
+    QStringList texts = QString("29.02.01|31.04.02|00.01.02|32.01.02|01.13.02|01.00.02|1.2.03|"
+                                "01.02.2003| 01.02.03|01.02.03 |01-02-03|ab.cd.ef||29.02.00|"
+                                "29.02.29|29.02.30|+1.02.03|0x.02.03")
+                            .split('|');
     for (QDate d(1930, 1, 1); d.year() < 2030; d = d.addDays(1)) texts << d.toString("dd.MM.yy");
-    texts << "29.02.01"
-          << "31.04.02"
-          << "00.01.02"
-          << "32.01.02"
-          << "01.13.02"
-          << "01.00.02"
-          << "1.2.03"
-          << "01.02.2003"
-          << " 01.02.03"
-          << "01.02.03 "
-          << "01-02-03"
-          << "ab.cd.ef"
-          << ""
-          << "29.02.00"
-          << "29.02.29"
-          << "29.02.30"
-          << "+1.02.03"
-          << "0x.02.03";
-    for (const QString& t : texts) {
-        const QString got = db.contest.scalar("SELECT cdate(?1)", {t});
-        ASSERT_EQ(got, ddateSortKey(t)) << t.toStdString();
-    }
+    for (const QString& t : texts)
+        ASSERT_EQ(db.contest.scalar("SELECT cdate(?1)", {t}), ddateSortKey(t)) << t.toStdString();
     EXPECT_EQ(db.contest.scalar("SELECT cdate(NULL)"), ddateSortKey(QString()));
 }
