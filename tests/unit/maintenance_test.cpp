@@ -1,4 +1,5 @@
-// Transfer into the station log, clearing (with its backup) and code-page conversion.
+// Transfer into the station log, clearing (with its backup) and code-page conversion. The
+// transfer itself is played through in the transfer_clear scenario.
 #include "formfixture.h"
 #include "text/codepage.h"
 
@@ -59,20 +60,6 @@ struct MaintenanceTest : FormFixture {
     }
 };
 
-TEST_F(MaintenanceTest, TransferCopiesTenColumnsOfEveryRowThenClears) {
-    form->txtrepit->setVisible(true);
-    vur(true, true);
-    EXPECT_EQ(ui.takeShown(), QStringList({kTransferAsk, kClearAsk}));
-    const Rows want(
-        2, {"UA3ABC", "30.11.02", "12:01", "14", "59914", "59916", "14", "MA", "UA3", "x1"});
-    EXPECT_EQ(db.iaru.query("SELECT ccall, ddate, ttime, bband, rstr, rsts, contr, QTH, PRF, ps1 "
-                            "FROM tbllog1"),
-              want);
-    EXPECT_EQ(rows(db.contest, "tbllog"), 0);
-    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0);
-    EXPECT_FALSE(form->txtrepit->visible());
-}
-
 TEST_F(MaintenanceTest, EveryAnswerCombination) {
     for (bool transfer : {false, true})
         for (bool clear : {false, true}) {
@@ -87,13 +74,6 @@ TEST_F(MaintenanceTest, EveryAnswerCombination) {
             EXPECT_EQ(rows(db.contest, "tbllog"), clear ? 0 : 2);
             EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0); // emptied whatever the answers
         }
-}
-
-TEST_F(MaintenanceTest, TransferringTwiceCopiesEveryRowTwice) {
-    vur(true, false);
-    vur(true, false);
-    EXPECT_EQ(rows(db.iaru, "tbllog1"), 4);
-    EXPECT_EQ(rows(db.contest, "tbllog"), 2);
 }
 
 TEST_F(MaintenanceTest, MissingStationLogStopsTheCommandAndChangesNothing) {
@@ -189,30 +169,16 @@ TEST_F(MaintenanceTest, QtcClearingBacksUpItsRows) {
     EXPECT_TRUE(ui.takeShown().isEmpty());
 }
 
-TEST_F(MaintenanceTest, ConversionRewritesTheFileInDosCodePage) {
+// The conversion's own rules (line ends, the copy's name) are in codepage_test.cpp.
+TEST_F(MaintenanceTest, ConversionRewritesTheChosenFileInDosCodePage) {
     const QString path = dir.path() + "/report.txt";
-    writeFile(path, toWin1251("Привет, мир\r\nUA3A 599\nпоследняя"));
-    writeFile(dir.path() + "/report1.txt", "stale copy");
+    writeFile(path, toWin1251("Дом\n"));
     ui.queueFile(path);
     form->mnuwindos_Click();
     EXPECT_EQ(ui.takeShown(), QStringList({"open_file\tText_Files (*.txt)|*.txt|"}));
     EXPECT_EQ(form->perewodfile, path);
-    const QByteArray want = QByteArray("\x8f\xe0\xa8\xa2\xa5\xe2, \xac\xa8\xe0\r\n"
-                                       "UA3A 599\r\n"
-                                       "\xaf\xae\xe1\xab\xa5\xa4\xad\xef\xef\r\n");
-    EXPECT_EQ(readFile(path), want);
-    EXPECT_FALSE(QFile::exists(dir.path() + "/report1.txt"));
-}
-
-TEST_F(MaintenanceTest, ConversionOfANameWithoutExtensionAndACancelledDialog) {
-    const QString path = dir.path() + "/REPORT";
-    writeFile(path, toWin1251("Дом\n"));
-    ui.queueFile(path);
-    form->mnuwindos_Click();
     EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n"));
-    EXPECT_FALSE(QFile::exists(dir.path() + "/RE1PORT"));
     // cancelled: nothing happens, no message
-    ui.takeShown();
     ui.queueFile("");
     form->mnuwindos_Click();
     EXPECT_EQ(ui.takeShown().size(), 1);
