@@ -1,5 +1,5 @@
-// Committing the entry line: the stored row, the repeat and too-early rows, the exchange box's
-// Enter, the entry line's reset and the log grid.
+// Committing the entry line: the stored row, the too-early row, the entry line's reset and the
+// log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario.
 #include "entryfixture.h"
 
 using namespace hfc;
@@ -60,21 +60,6 @@ TEST_F(CommitTest, EmptyCallStoresNothingAndChangesNothing) {
     EXPECT_EQ(form->qsorun, 0);
 }
 
-TEST_F(CommitTest, ARepeatIsStoredAsDupeWithoutMultipliersOrPoints) {
-    form->contestcode = "cqww";
-    addRow("DL1ABC", "14", "cqww", "DL", "14", "1");
-    typeCall("DL1ABC");
-    ASSERT_EQ(mark(), "Повтор");
-    form->txtmult2->setText("14");
-    form->txtpoint->setText("1");
-    form->txtpoint2->setText("1");
-    form->wwodadd();
-    const Rows r = db.contest.query("SELECT ps1, mult, ps, point, point2 FROM tbllog "
-                                    "WHERE rowid = (SELECT max(rowid) FROM tbllog)");
-    EXPECT_EQ(r[0], QStringList({"DUPE", "", "", "0", "0"}));
-    EXPECT_FALSE(marked());
-}
-
 TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndZeroPoints) {
     form->contestcode = "lzo";
     addRow("LZ1AA", "7", "lzo", {}, {}, "1", "12:00");
@@ -101,26 +86,6 @@ TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
     EXPECT_EQ(form->callcq, "");
     EXPECT_EQ(form->callitu, "");
     EXPECT_FALSE(marked());
-}
-
-TEST_F(CommitTest, EnterInTheExchangeBoxScoresAndCommits) {
-    form->contestcode = "cqww";
-    form->cqfill = 0;
-    form->exchsel1 = 0; // digits
-    typeCall("JA1XYZ\r");
-    ASSERT_EQ(form->focusName(), "txtrstr");
-    EXPECT_EQ(text("txtrstr"), "25"); // pre-filled from the call
-    form->typeText("2a6\r");          // typing replaces it; the letter is refused
-    ASSERT_EQ(logRows(), 1);
-    EXPECT_EQ(db.contest.query("SELECT ccall, rstr2, point FROM tbllog")[0],
-              QStringList({"JA1XYZ", "26", "3"}));
-    EXPECT_EQ(form->focusName(), "txtcall");
-    // the same station again: a repeat with no points
-    typeCall("JA1XYZ\r");
-    form->typeText("\r"); // the pre-filled zone as it is
-    ASSERT_EQ(logRows(), 2);
-    EXPECT_EQ(db.contest.query("SELECT ps1, point FROM tbllog WHERE rowid = 2")[0],
-              QStringList({"DUPE", "0"}));
 }
 
 TEST_F(CommitTest, EnterInAnEmptyExchangeBoxCommitsNothing) {
