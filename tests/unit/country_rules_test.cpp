@@ -73,11 +73,7 @@ TEST(CqmAreas, OwnMultiplierAreasAndTheRest) {
     EXPECT_EQ(cqmPrefix("UA4SAA", "UA"), "UA4S");
     EXPECT_EQ(cqmPrefix("RA4YA", "UA"), "UA4Y");
     EXPECT_EQ(cqmPrefix("UA4AAA", "UA"), "UA");
-    EXPECT_EQ(cqmPrefix("UA1NAA", "UA"), "UA1N");
-    EXPECT_EQ(cqmPrefix("UA1AAA", "UA"), "UA");
-    EXPECT_EQ(cqmPrefix("UA6IAA", "UA"), "UA6I");
     EXPECT_EQ(cqmPrefix("UA9XAA", "UA9"), "UA9X");
-    EXPECT_EQ(cqmPrefix("UA9AAA", "UA9"), "UA9");
     EXPECT_EQ(cqmPrefix("UA0YAA", "UA9"), "UA0Y");
     EXPECT_EQ(cqmPrefix("UA0AAA", "UA9"), "UA9");
     EXPECT_EQ(cqmPrefix("UA4", "UA"), "UA");
