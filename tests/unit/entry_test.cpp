@@ -64,10 +64,6 @@ TEST_F(EntryTest, ArrowsAndTheEmptyBox) {
     typeCall("DL1ABC");
     form->pressKey(keys::Down);
     EXPECT_EQ(form->focusName(), "txtrstr");
-    form->setFocus("txtcall");
-    form->pressKey(keys::Up);
-    EXPECT_EQ(form->focusName(), "cmbband(3)");
-
     typeCall("");
     form->pressKey(keys::Down); // nothing to go on with
     EXPECT_EQ(form->focusName(), "txtcall");
@@ -105,14 +101,6 @@ TEST_F(EntryTest, PartialCallListVersusRepeat) {
     form->cmbband_Click(4);
     typeCall("DL1XYZ");
     EXPECT_EQ(mark(), "Повтор");
-}
-
-TEST_F(EntryTest, RepeatEmptiesTheMultiplierBox) {
-    form->contestcode = "cqww";
-    addRow("DL1ABC", "14", "cqww", "DL", "14");
-    typeCall("DL1ABC");
-    EXPECT_EQ(mark(), "Повтор");
-    EXPECT_EQ(text("txtmult"), "");
 }
 
 TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {
@@ -188,18 +176,6 @@ TEST_F(EntryTest, LzoWantsThirtyMinutesOnAnyBand) {
     // lzo has no plain repeat mark
     at("12:45");
     typeCall("LZ1AA");
-    EXPECT_FALSE(marked());
-}
-
-TEST_F(EntryTest, RaemAllowsOneQsoPerClockHourOverAllBands) {
-    form->contestcode = "raem";
-    addRow("RAEM", "7", "raem", {}, {}, {}, "14:01");
-    form->cmbband_Click(3);
-    at("14:59");
-    typeCall("RAEM");
-    EXPECT_EQ(mark(), "Рано");
-    at("15:00");
-    typeCall("RAEM");
     EXPECT_FALSE(marked());
 }
 

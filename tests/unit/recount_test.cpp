@@ -39,12 +39,6 @@ TEST_F(RecountTest, EmptyLogStartsAtOneEverywhereZero) {
     EXPECT_EQ(text("multtot1"), "0");
 }
 
-TEST_F(RecountTest, FixedExchangeContestSendsTheOwnExchange) {
-    select("mnuiaru", "29");
-    EXPECT_EQ(text("txtrsts"), "29");
-    EXPECT_EQ(text("TXTRSTS2"), "0");
-}
-
 TEST_F(RecountTest, SerialKeepsThreeDigitsAndGrowsPastThem) {
     select("mnuwpx");
     const std::pair<int, const char*> cases[] = {{9, "010"}, {99, "100"}, {999, "1000"}};
@@ -126,14 +120,6 @@ TEST_F(RecountTest, LzOpenPassesOnTheLastReceivedNumber) {
     EXPECT_EQ(text("txtrsts"), "123");
     form->recount();
     EXPECT_EQ(text("multtot"), "0"); // no points logged: the empty sum shows as 0
-}
-
-TEST_F(RecountTest, RaemSendsSerialAndCoordinatesAsTwoElements) {
-    addQsos(4, "raem");
-    select("mnuraem", "55N37O");
-    EXPECT_EQ(text("lblrsts"), "005");
-    EXPECT_EQ(text("txtrsts"), "55N37O");
-    EXPECT_EQ(text("lblrstr"), "");
 }
 
 TEST_F(RecountTest, ContestsWithoutRestartKeepThePreviousSerialAndTotals) {

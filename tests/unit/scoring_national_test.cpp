@@ -107,7 +107,6 @@ TEST_F(Scoring, OnlyTheOrganisersStationsScore) {
         {"ES1AA", "DL1ABC", "3,5", "001", "2"},
         {"ES1AA", "RA3AA", "3,5", "001", "0"},
         {"ES1AA", "EW1AA", "3,5", "001", "0"},
-        {"RA3AA", "ES1AA", "3,5", "12345", "Неверно"},
         {"mnuhol"},
         {"RA3AA", "4X4AA", "7", "F15TA", "2"},
         {"RA3AA", "4X4AA", "14", "F15TA", "1"},
