@@ -3,7 +3,6 @@
 #include "text/columns.h"
 
 #include <QFile>
-#include <QMap>
 #include <gtest/gtest.h>
 
 using namespace hfc;
@@ -109,28 +108,6 @@ TEST(Writers, CharactersOutsideWin1251BecomeQuestionMarks) {
     const QByteArray cab = cabrilloFile(st, fixtureLog().mid(0, 1));
     EXPECT_TRUE(cab.contains("\r\nNAME: Jerzy G??b ? ? \x88\r\n"));
     EXPECT_TRUE(cab.contains("\r\nADDRESS: \xCC\xEE\xF1\xEA\xE2\xE0\r\n")); // "Москва"
-}
-
-// An independent reader: what a contest robot would do with the file.
-TEST(Writers, CabrilloReadsBackAsQsoRecords) {
-    const QList<QByteArray> lines = cabrilloFile(station(), fixtureLog()).split('\n');
-    int qsos = 0;
-    QMap<QByteArray, int> modes;
-    for (QByteArray line : lines) {
-        line = line.trimmed();
-        QList<QByteArray> tok = line.split(' ');
-        tok.removeAll(QByteArray());
-        if (tok.value(0) != "QSO:") continue;
-        ++qsos;
-        modes[tok[2]]++;
-        EXPECT_EQ(tok[3].size(), 10) << line.constData(); // YYYY-MM-DD
-        EXPECT_EQ(tok[5], "RZ3DXX/QRP/MM");
-    }
-    EXPECT_EQ(qsos, 20);
-    EXPECT_EQ(modes.value("CW"), 11);
-    EXPECT_EQ(modes.value("PH"), 8);
-    EXPECT_EQ(modes.value("DUPE"), 1);
-    EXPECT_EQ(lines.value(lines.size() - 2), "END-OF-LOG:\r");
 }
 
 TEST(Writers, HelpersForFoldersAndColumns) {
