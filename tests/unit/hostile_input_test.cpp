@@ -64,28 +64,18 @@ class FuzzUi : public Ui {
     explicit FuzzUi(Rng& rng, QString dir) : rng_(rng), dir_(std::move(dir)) {}
     Answer msgbox(const QString&, const QString&, Buttons buttons) override {
         ++shown;
-        switch (buttons) {
-        case Buttons::Ok:
-            return Answer::Ok;
-        case Buttons::YesNo:
-            return chance(rng_, 50) ? Answer::Yes : Answer::No;
-        case Buttons::OkCancel:
-            return chance(rng_, 50) ? Answer::Ok : Answer::Cancel;
-        }
-        return Answer::Cancel;
+        if (buttons == Buttons::Ok) return Answer::Ok;
+        const bool first = chance(rng_, 50);
+        if (buttons == Buttons::YesNo) return first ? Answer::Yes : Answer::No;
+        return first ? Answer::Ok : Answer::Cancel;
     }
     std::optional<QString> inputbox(const QString&, const QString&) override {
         ++shown;
-        switch (pick(rng_, 5)) {
-        case 0:
-            return std::nullopt;
-        case 1:
-            return QString();
-        case 2:
-            return QString::number(pick(rng_, 45));
-        default:
-            return randomChars(rng_, 1 + pick(rng_, 12));
-        }
+        const int kind = pick(rng_, 5);
+        if (kind == 0) return std::nullopt;
+        if (kind == 1) return QString();
+        if (kind == 2) return QString::number(pick(rng_, 45));
+        return randomChars(rng_, 1 + pick(rng_, 12));
     }
     QString openFile(const QString&) override {
         ++shown;
@@ -125,11 +115,7 @@ struct HostileFixture : ::testing::Test {
             d->exec(QStringLiteral("PRAGMA synchronous=OFF"));
         clock.set(QDateTime(QDate(2024, 11, 23), QTime(3, 0)),
                   QDateTime(QDate(2024, 11, 23), QTime(0, 0)));
-        Env env;
-        env.db = &db;
-        env.ui = &ui;
-        env.clock = &clock;
-        env.port = &port;
+        Env env{&db, &ui, &clock, &port};
         form = std::make_unique<ContestForm>(env);
         form->Form_Load();
     }
