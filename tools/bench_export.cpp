@@ -1,5 +1,5 @@
 // Times the report window on a 10,000-QSO log: the recount on activation, reading the log in
-// report order and each of the four writer buttons (read, format, write the file), next to the
+// report order and each of the six writer buttons (read, format, write the file), next to the
 // sqlite3 shell printing the same rows in the same order.
 //
 //   bench_export [QSOS]
@@ -100,7 +100,9 @@ int main(int argc, char** argv) {
     const Writer writers[] = {{"Cabrillo (Ccabrila)", &OtchetForm::Ccabrila_Click, ""},
                               {"ADIF (cmbAdif)", &OtchetForm::cmbAdif_Click, ""},
                               {".LOG listing (cmbreport)", &OtchetForm::cmbreport_Click, ".LOG"},
-                              {".SUM sheet (cmbtit)", &OtchetForm::cmbtit_Click, ".SUM"}};
+                              {".SUM sheet (cmbtit)", &OtchetForm::cmbtit_Click, ".SUM"},
+                              {"Cabrillo 3.0 (cmbcab3)", &OtchetForm::cmbcab3_Click, ".log"},
+                              {"ADIF 3.1 (cmbadif3)", &OtchetForm::cmbadif3_Click, ".adi"}};
     for (const Writer& w : writers) {
         const double ms = timeMs([&] { (form.*w.button)(); });
         const qint64 size = QFileInfo(form.txtput->text() + "UA3ABC" + w.ext).size();

@@ -142,8 +142,8 @@ void MainWindow::buildMenus() {
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
 
-// The panels the contests switch on and off sit in docks: under the log by default, the worked
-// multipliers at the right edge, and wherever the operator drags them after that.
+// The panels the contests switch on and off sit in docks: side by side under the log by default,
+// so the entry line keeps the window's whole width, and wherever the operator drags them after.
 void MainWindow::buildPanels() {
     setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks);
     const auto dock = [this](const char* name, const QString& title, QWidget* content, Control* c,
@@ -161,10 +161,11 @@ void MainWindow::buildPanels() {
                             form_->frCW, Qt::BottomDockWidgetArea);
     PanelDock* qtc = dock("panelQtc", QStringLiteral("QTC"), buildQtcFrame(), form_->FRQTC,
                           Qt::BottomDockWidgetArea);
+    PanelDock* worked = dock("panelWorked", QStringLiteral("Сработано"), binder_->make("List1"),
+                             form_->List1, Qt::BottomDockWidgetArea);
     splitDockWidget(mult, keyer, Qt::Horizontal);
     splitDockWidget(keyer, qtc, Qt::Horizontal);
-    dock("panelWorked", QStringLiteral("Сработанные множители"), binder_->make("List1"),
-         form_->List1, Qt::RightDockWidgetArea);
+    splitDockWidget(qtc, worked, Qt::Horizontal);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the

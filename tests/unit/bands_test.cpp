@@ -98,6 +98,9 @@ TEST_F(BandsTest, PrefixGridMarksAFixedListPerBandOrForAllBands) {
     EXPECT_EQ(form->txtMwid[24]->backcolor(), "#c0c0c0");
     EXPECT_EQ(form->txtMwid[13]->backcolor(), "#00ff00");
     EXPECT_EQ(form->txtMwid[100]->backcolor(), "#c0c0c0");
+    form->click("mnuari"); // another contest's window starts with nothing marked
+    EXPECT_EQ(form->txtMwid[13]->backcolor(), "");
+    EXPECT_EQ(form->txtMwid[100]->backcolor(), "");
 }
 
 TEST_F(BandsTest, PrefixGridListsWorkedPrefixesInTheirOwnMode) {

@@ -72,6 +72,8 @@ void ContestForm::selectContest(const QString& menuItem) {
         mwidmode = contests::windowMode(c->window);
         bandmult = c->bandmult;
         if (contests::runsClear(c->calls)) clearmwid();
+        // Marks of the contest chosen before would claim multipliers this one has not worked.
+        for (Control* box : txtMwid) box->setBackcolor(QString());
         if (c->window != contests::WindowKind::Cleared)
             for (int i = 0; i <= mwidlast; ++i) txtMwid[i]->setText(contests::windowBox(*c, i));
     }

@@ -77,7 +77,8 @@ class OtchetForm : public Form {
     void createStandardControls();
     void registerStandardHandlers();
     void fillStandardBoxes();
-    void checkLog();
+    void checkLog(); // reads the log
+    void checkLog(const QList<LogRow>& rowsInEntryOrder);
     Cabrillo3Header cabrillo3Header(const QList<LogRow>& rows);
 
     std::function<QString()> currentContest_;

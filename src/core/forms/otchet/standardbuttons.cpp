@@ -42,9 +42,11 @@ void OtchetForm::registerStandardHandlers() {
 
 // On activation the boxes start again from what the log says, as the band table does.
 void OtchetForm::fillStandardBoxes() {
+    // The defaults depend on which bands and modes occur, not on their order: one read of the
+    // log in entry order serves them and the check list.
     QList<LogRow> rows;
     try {
-        rows = logInReportOrder(env().db->contest);
+        rows = logInEntryOrder(env().db->contest);
     } catch (const DbError&) {
     }
     const Cabrillo3Header defaults = cabrillo3Defaults(stationBoxes(), contestcode, rows);
@@ -53,17 +55,26 @@ void OtchetForm::fillStandardBoxes() {
     const bool wae = contestcode == QLatin1String("wae");
     cmbqtcrole->setVisible(wae);
     cmbqtcrole->setText(qtcRoleItems().at(int(QtcRole::Sent)));
-    checkLog();
+    checkLog(rows);
 }
 
 void OtchetForm::checkLog() {
-    QStringList items;
+    QList<LogRow> rows;
     try {
-        Db& db = env().db->contest;
-        for (const LintIssue& issue : lintLog(logInEntryOrder(db))) items << issue.message;
-        for (const LintIssue& issue : lintQtcs(qtcTableRows(db))) items << issue.message;
+        rows = logInEntryOrder(env().db->contest);
     } catch (const DbError&) {
-        // Nothing to list; the writers report their own failure.
+        // Nothing to list of the log; the writers report their own failure.
+    }
+    checkLog(rows);
+}
+
+void OtchetForm::checkLog(const QList<LogRow>& rowsInEntryOrder) {
+    QStringList items;
+    for (const LintIssue& issue : lintLog(rowsInEntryOrder)) items << issue.message;
+    try {
+        for (const LintIssue& issue : lintQtcs(qtcTableRows(env().db->contest)))
+            items << issue.message;
+    } catch (const DbError&) {
     }
     lstlint->setItems(items);
 }

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <utility>
+#include <vector>
 
 namespace hfc {
 
@@ -105,12 +108,19 @@ QDateTime qsoDateTime(const LogRow& r) {
 }
 
 QList<LogRow> inTimeOrder(const QList<LogRow>& rows) {
-    QList<LogRow> sorted = rows;
-    std::stable_sort(sorted.begin(), sorted.end(), [](const LogRow& a, const LogRow& b) {
-        const QDateTime ta = qsoDateTime(a), tb = qsoDateTime(b);
-        if (!tb.isValid()) return ta.isValid();
-        return ta.isValid() && ta < tb;
-    });
+    // Each row's time is worked out once, not at every comparison of the sort.
+    std::vector<std::pair<qint64, qsizetype>> keys;
+    keys.reserve(size_t(rows.size()));
+    for (qsizetype i = 0; i < rows.size(); ++i) {
+        const QDateTime at = qsoDateTime(rows[i]);
+        keys.emplace_back(at.isValid() ? at.toSecsSinceEpoch() : std::numeric_limits<qint64>::max(),
+                          i);
+    }
+    std::stable_sort(keys.begin(), keys.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    QList<LogRow> sorted;
+    sorted.reserve(rows.size());
+    for (const auto& k : keys) sorted.append(rows[k.second]);
     return sorted;
 }
 
