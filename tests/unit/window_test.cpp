@@ -2,7 +2,6 @@
 #include "formfixture.h"
 #include "text/dates.h"
 
-
 using namespace hfc;
 using hfc::test::FormFixture;
 
