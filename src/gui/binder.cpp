@@ -46,6 +46,10 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     switch (c->kind()) {
     case K::TextBox: {
         auto* e = new QLineEdit(parent);
+        // A click into the text puts the model's caret there too.
+        connect(e, &QLineEdit::cursorPositionChanged, this, [this, c](int, int now) {
+            if (!mirroring_) c->setCursor(now);
+        });
         w = e;
         break;
     }
@@ -226,6 +230,8 @@ void Binder::mirror(Control* c, QWidget* w) {
     w->setToolTip(c->tooltip());
     if (auto* e = qobject_cast<QLineEdit*>(w)) {
         if (e->text() != c->text()) e->setText(c->text());
+        if (!e->hasSelectedText() && e->cursorPosition() != c->cursor())
+            e->setCursorPosition(c->cursor());
     } else if (auto* l = qobject_cast<QLabel*>(w)) {
         l->setText(c->text());
     } else if (auto* b = qobject_cast<QPushButton*>(w)) {
@@ -371,11 +377,11 @@ int Binder::vkCode(int key) {
     case Qt::Key_Tab:
         return keys::Tab;
     case Qt::Key_Delete:
-        return 46;
+        return keys::Delete;
     case Qt::Key_Home:
-        return 36;
+        return keys::Home;
     case Qt::Key_End:
-        return 35;
+        return keys::End;
     case Qt::Key_PageUp:
         return 33;
     case Qt::Key_PageDown:
@@ -424,8 +430,10 @@ bool Binder::removeSelection(Control* c, QObject* watched, QKeyEvent* ke) {
                        !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
     if (!erase && !typed) return false;
     QString t = c->text();
-    t.remove(edit->selectionStart(), edit->selectedText().size());
+    const int from = edit->selectionStart();
+    t.remove(from, edit->selectedText().size());
     c->setText(t);
+    c->setCursor(from);
     edit->deselect();
     return erase;
 }

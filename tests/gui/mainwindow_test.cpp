@@ -121,6 +121,26 @@ TEST(MainWindowGui, TypingOverASelectedCallReplacesIt) {
     EXPECT_EQ(call->text(), "OK");
 }
 
+TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
+    Window w;
+    w.form->cmbband_Click(3);
+    auto* call = w.win->findChild<QLineEdit*>("txtcall");
+    call->setFocus();
+    w.form->setFocus("txtcall");
+    QTest::keyClicks(call, "dl1xbc");
+    QTest::keyClick(call, Qt::Key_Left);
+    QTest::keyClick(call, Qt::Key_Left);
+    EXPECT_EQ(call->cursorPosition(), 4);
+    QTest::keyClick(call, Qt::Key_Backspace);
+    QTest::keyClicks(call, "a");
+    EXPECT_EQ(w.form->txtcall->text(), "DL1ABC");
+    EXPECT_EQ(call->cursorPosition(), 4);
+    QTest::mouseClick(call, Qt::LeftButton, {}, QPoint(3, call->height() / 2)); // at the start
+    EXPECT_EQ(w.form->txtcall->cursor(), 0);
+    QTest::keyClicks(call, "w");
+    EXPECT_EQ(w.form->txtcall->text(), "WDL1ABC");
+}
+
 TEST(MainWindowGui, TabMovesTheFocusAndTheModelFollows) {
     Window w;
     w.form->cmbband_Click(3);

@@ -103,6 +103,31 @@ TEST_F(EntryTest, PartialCallListVersusRepeat) {
     EXPECT_EQ(mark(), "Повтор");
 }
 
+TEST_F(EntryTest, ATypoInTheMiddleIsMendedWhereItIsAndTheLookupsFollow) {
+    form->contestcode = "cqww";
+    addRow("DL1ABC", "14", "cqww");
+    typeCall("DL1XBC");
+    EXPECT_FALSE(marked());
+    for (int i = 0; i < 2; ++i) form->pressKey(keys::Left);
+    form->typeText("\bA"); // DL1X|BC: the X goes, an A comes in its place
+    EXPECT_EQ(text("txtcall"), "DL1ABC");
+    EXPECT_EQ(mark(), "Повтор");
+    form->pressKey(keys::Home);
+    form->pressKey(keys::Delete);
+    form->pressKey(keys::Delete);
+    form->typeText("F");
+    EXPECT_EQ(text("txtcall"), "F1ABC");
+    EXPECT_FALSE(marked());
+    EXPECT_EQ(text("txtstran5"), "FRANCE");
+    form->pressKey(keys::End);
+    form->pressKey(keys::Right); // nothing beyond the end
+    form->typeText("\b\bAA");
+    EXPECT_EQ(text("txtcall"), "F1AAA");
+    form->pressKey(keys::Home);
+    form->typeText("\b"); // nothing before the start
+    EXPECT_EQ(text("txtcall"), "F1AAA");
+}
+
 TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {
     // "bal": any band, same mode (rstr)
     form->contestcode = "bal";

@@ -8,6 +8,16 @@ Control::Control(const QString& name, Kind kind, QObject* parent)
 void Control::setText(const QString& t) {
     if (t == text_) return;
     text_ = t;
+    cursor_ = -1;
+    emit changed();
+}
+int Control::cursor() const {
+    return cursor_ < 0 || cursor_ > text_.size() ? int(text_.size()) : cursor_;
+}
+void Control::setCursor(int pos) {
+    const int at = pos < 0 || pos >= text_.size() ? -1 : pos;
+    if (at == cursor_) return;
+    cursor_ = at;
     emit changed();
 }
 void Control::setVisible(bool v) {

@@ -39,7 +39,10 @@ class Control : public QObject {
 
     // text and caption are two names for one string
     const QString& text() const { return text_; }
-    void setText(const QString& t);
+    void setText(const QString& t); // a new text puts the caret after its last character
+    // The caret of an edit box: where a typed key goes and what Backspace and Delete take.
+    int cursor() const;
+    void setCursor(int pos); // clamped to the text
     bool visible() const { return visible_; }
     void setVisible(bool v);
     bool enabled() const { return enabled_; }
@@ -87,6 +90,7 @@ class Control : public QObject {
     QString name_;
     Kind kind_;
     QString text_;
+    int cursor_ = -1; // -1: after the last character, wherever that is
     bool visible_ = true;
     bool enabled_ = true;
     QString backcolor_;

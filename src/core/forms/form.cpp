@@ -3,6 +3,7 @@
 #include "data/db.h"
 
 #include <QScopeGuard>
+#include <algorithm>
 
 namespace hfc {
 
@@ -246,13 +247,15 @@ void Form::typeChar(QChar c) {
     if (keyPress(target, ascii) && target) {
         if (target->isEditable()) {
             QString t = target->text();
+            int at = target->cursor();
             if (ascii == keys::Backspace) {
-                t.chop(1);
+                if (at > 0) t.remove(--at, 1);
             } else if (isPrintable(ascii) &&
                        (target->maxLength() == 0 || t.size() < target->maxLength())) {
-                t += QChar(ascii);
+                t.insert(at++, QChar(ascii));
             }
             target->setText(t);
+            target->setCursor(at);
         } else if (ascii == keys::Enter && target->kind() == Control::Kind::Button) {
             click(target);
         }
@@ -275,7 +278,40 @@ void Form::pressKey(int keyCode, int shift) {
         return;
     }
     keyDown(keyCode, shift);
+    if (shift == 0) moveCaret(keyCode);
     keyUp(keyCode, shift);
+}
+
+// What an edit box does itself with the keys that move in its text, between the window's key-down
+// and key-up: a typo in the middle of a call is mended where it is.
+void Form::moveCaret(int keyCode) {
+    Control* box = focus_;
+    if (!box || !box->isEditable()) return;
+    const int at = box->cursor();
+    switch (keyCode) {
+    case keys::Left:
+        box->setCursor(std::max(0, at - 1));
+        break;
+    case keys::Right:
+        box->setCursor(at + 1);
+        break;
+    case keys::Home:
+        box->setCursor(0);
+        break;
+    case keys::End:
+        box->setCursor(-1);
+        break;
+    case keys::Delete:
+        if (at < box->text().size()) {
+            QString t = box->text();
+            t.remove(at, 1);
+            box->setText(t);
+            box->setCursor(at);
+        }
+        break;
+    default:
+        break;
+    }
 }
 
 void Form::click(const QString& controlName) {

@@ -26,8 +26,8 @@ using Handler = std::function<void(Event&)>;
 
 // Key codes used by the handlers.
 namespace keys {
-constexpr int Backspace = 8, Tab = 9, Enter = 13, Esc = 27, Left = 37, Up = 38, Right = 39,
-              Down = 40, F1 = 112, F2 = 113, F9 = 120, F12 = 123;
+constexpr int Backspace = 8, Tab = 9, Enter = 13, Esc = 27, End = 35, Home = 36, Left = 37, Up = 38,
+              Right = 39, Down = 40, Delete = 46, F1 = 112, F2 = 113, F9 = 120, F12 = 123;
 }
 
 class Form : public QObject {
@@ -102,6 +102,7 @@ class Form : public QObject {
     void keyDown(int keyCode, int shift);
     void keyUp(int keyCode, int shift);
     void keyEvent(const QString& suffix, int keyCode, int shift);
+    void moveCaret(int keyCode);
     bool keyPress(Control* target, int& keyAscii);
 
     QString name_;
