@@ -15,11 +15,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace hfc {
 
@@ -105,7 +107,10 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
 
     setCentralWidget(central);
     buildPanels();
-    resize(1280, 860);
+    // A laptop's 1366x768 holds the whole window, title bar included, as a large screen does.
+    const QRect avail = screen()->availableGeometry();
+    constexpr int kFrame = 40;
+    resize(std::min(1280, avail.width()), std::min(860, avail.height() - kFrame));
 
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, [this] { form_->fire(QStringLiteral("Timer1_Timer")); });
