@@ -99,8 +99,28 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     }
     case K::Grid: {
         auto* t = new QTableView(parent);
-        t->setModel(new GridModel(c, t));
+        auto* model = new GridModel(c, t);
+        t->setModel(model);
         t->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        if (c->extra(QStringLiteral("editable")) == QLatin1String("1")) {
+            // Typing on a cell, or a double click, opens it; Enter stores, Esc leaves it as it was.
+            t->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed);
+            const QString base = Form::baseName(c->name());
+            t->setItemDelegate(new GridCellDelegate(
+                [this, base](int ascii) {
+                    Event ev;
+                    ev.keyAscii = ascii;
+                    form_->fire(base + QStringLiteral("_KeyPress"), ev);
+                    return ev.keyAscii;
+                },
+                t));
+            connect(model, &GridModel::edited, this,
+                    [this, base](int row, int column, const QString& value) {
+                        Event ev;
+                        ev.args = {QString::number(row), QString::number(column), value};
+                        form_->fire(base + QStringLiteral("_Edit"), ev);
+                    });
+        }
         t->setSelectionBehavior(QAbstractItemView::SelectRows);
         t->verticalHeader()->setDefaultSectionSize(20);
         t->horizontalHeader()->setHighlightSections(false);
@@ -419,6 +439,28 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
     return false;
 }
 
+// In a grid that can be edited the arrows and page keys move between cells and a typed
+// character opens the current one: the table does that itself. The rest (F-keys, Enter, Esc,
+// Tab) is the window's, as everywhere.
+bool Binder::keepsInEditableGrid(const QKeyEvent* ke) {
+    switch (ke->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    default:
+        break;
+    }
+    const QString t = ke->text();
+    return !t.isEmpty() && t[0].unicode() >= 0x20 &&
+           !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+}
+
 // Text selected in a box (double click, Ctrl+A, Shift+arrows) goes when the operator types over
 // it or deletes it, as in any edit box; the typed key then goes on its usual way, so a whole call
 // selected and typed over is replaced. True when the key did all there was to do.
@@ -444,12 +486,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress: {
         auto* ke = static_cast<QKeyEvent*>(event);
-        if (c->kind() == K::Grid && c->extra(QStringLiteral("editing")) == QLatin1String("1"))
-            return false;
         // A key a box inside a frame did not take (Shift alone) travels up to the frame: that is
         // no reason to move the focus to the frame.
         if (!static_cast<QWidget*>(watched)->hasFocus()) return false;
         if (form_->focused() != c) form_->setFocus(c);
+        if (c->kind() == K::Grid && c->extra(QStringLiteral("editable")) == QLatin1String("1") &&
+            keepsInEditableGrid(ke))
+            return false;
         if (removeSelection(c, watched, ke)) return true;
         const bool forwarded = forwardKey(form_, ke);
         // A window without a tab order of its own: Tab still walks its boxes and buttons.

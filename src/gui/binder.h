@@ -53,6 +53,7 @@ class Binder : public QObject {
     void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
     bool removeSelection(Control* c, QObject* watched, QKeyEvent* ke);
+    static bool keepsInEditableGrid(const QKeyEvent* ke);
 
     Form* form_;
     QHash<Control*, QWidget*> widgets_;

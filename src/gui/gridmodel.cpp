@@ -1,5 +1,8 @@
 #include "gridmodel.h"
 
+#include <QKeyEvent>
+#include <QLineEdit>
+
 namespace hfc {
 
 GridModel::GridModel(Control* grid, QObject* parent)
@@ -17,7 +20,9 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !index.isValid() || index.row() >= rows_) return {};
+    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !index.isValid() ||
+        index.row() >= rows_)
+        return {};
     QStringList* row = cache_.object(index.row());
     if (!row) {
         row = new QStringList(grid_->row(size_t(index.row())));
@@ -30,6 +35,22 @@ QVariant GridModel::headerData(int section, Qt::Orientation o, int role) const {
     if (role != Qt::DisplayRole) return {};
     if (o == Qt::Horizontal) return columns_.value(section);
     return section + 1;
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags f = QAbstractTableModel::flags(index);
+    if (index.isValid() && grid_->extra(QStringLiteral("editable")) == QLatin1String("1"))
+        f |= Qt::ItemIsEditable;
+    return f;
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !index.isValid() || !(flags(index) & Qt::ItemIsEditable))
+        return false;
+    const QString text = value.toString();
+    if (text != data(index, Qt::EditRole).toString())
+        emit edited(index.row(), index.column(), text);
+    return true;
 }
 
 bool GridModel::sync() {
@@ -50,6 +71,34 @@ bool GridModel::sync() {
     rows_ = now;
     endInsertRows();
     return true;
+}
+
+GridCellDelegate::GridCellDelegate(KeyFilter filter, QObject* parent)
+    : QStyledItemDelegate(parent), filter_(std::move(filter)) {}
+
+QWidget* GridCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const {
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (editor) editor->installEventFilter(const_cast<GridCellDelegate*>(this));
+    return editor;
+}
+
+bool GridCellDelegate::eventFilter(QObject* editor, QEvent* event) {
+    auto* line = qobject_cast<QLineEdit*>(editor);
+    if (line && event->type() == QEvent::KeyPress) {
+        auto* ke = static_cast<QKeyEvent*>(event);
+        const QString t = ke->text();
+        if (t.size() == 1 && t[0].unicode() >= 0x20 &&
+            !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+            const int ascii = filter_(t[0].unicode());
+            if (ascii == 0) return true;
+            if (ascii != t[0].unicode()) {
+                line->insert(QString(QChar(ascii)));
+                return true;
+            }
+        }
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 } // namespace hfc

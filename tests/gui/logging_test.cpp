@@ -20,9 +20,11 @@ void press(Qt::Key key) {
     QTest::keyClick(w, key);
 }
 void type(const char* text) {
-    QWidget* w = QApplication::focusWidget();
-    ASSERT_NE(w, nullptr);
-    QTest::keyClicks(w, QString::fromLatin1(text));
+    for (const char* c = text; *c; ++c) {
+        QWidget* w = QApplication::focusWidget();
+        ASSERT_NE(w, nullptr);
+        QTest::keyClicks(w, QString(QLatin1Char(*c)));
+    }
 }
 QString focusName() {
     QWidget* w = QApplication::focusWidget();
@@ -94,4 +96,37 @@ TEST(LoggingGui, AContestLoggedWithTheKeyboardAlone) {
     EXPECT_EQ(rows[1][0], "F5ABC");
     EXPECT_EQ(rows[2][2], "DUPE");
     EXPECT_EQ(rows[2][3], "0");
+}
+
+TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {
+    Window w;
+    w.ui.queueInput(QString("16"));
+    w.form->click("mnucqww");
+    w.form->cmbband_Click(3);
+    for (const char* call : {"DL1ABC", "G4ABC"})
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
+                         {QString(call)});
+    w.form->call("refreshLogGrid", {});
+    QApplication::processEvents();
+    auto* grid = w.win->findChild<QTableView*>("DBGrid3");
+    grid->setFocus();
+    grid->setCurrentIndex(grid->model()->index(1, 0));
+    type("g4abd"); // typing on the cell opens it; the window's key handler upper-cases
+    QApplication::processEvents();
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->text(), "G4ABD");
+    press(Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(w.db.contest.scalar("SELECT ccall FROM tbllog WHERE rowid = 2"), "G4ABD");
+    EXPECT_EQ(grid->model()->index(1, 0).data().toString(), "G4ABD");
+
+    // Esc leaves a cell as it was; the arrows move between cells without editing.
+    grid->setFocus();
+    press(Qt::Key_Up);
+    EXPECT_EQ(grid->currentIndex().row(), 0);
+    type("x");
+    press(Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_EQ(w.db.contest.scalar("SELECT ccall FROM tbllog WHERE rowid = 1"), "DL1ABC");
 }

@@ -105,6 +105,7 @@ void ContestForm::createControls() {
     DBList1 = add("DBList1", K::List);
     DBGrid1 = add("DBGrid1", K::Grid);
     DBGrid3 = add("DBGrid3", K::Grid);
+    DBGrid3->setExtra("editable", "1"); // the log is mended in place, cell by cell
     DBGrid3->setColumns({"Позывной", "rstr1", "Принят", "rsts1", "Передан", "dxcc", "zone", "очки",
                          "корр", "bband", "ttime", "Дата", "point2", "mode", "rstr2", "rsts1",
                          "rsts2"});
