@@ -2,6 +2,7 @@
 
 #include "binder.h"
 #include "forms/form.h"
+#include "screenfit.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -72,7 +73,7 @@ AutoView::AutoView(Form* form, QWidget* parent)
     else
         delete menus;
     v->addLayout(grid);
-    resize(700, 600);
+    resizeWithinScreen(this, 700, 600);
     Binder::followShown(form, this);
 }
 

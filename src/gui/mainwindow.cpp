@@ -5,6 +5,7 @@
 #include "forms/contest/contestform.h"
 #include "otchetview.h"
 #include "paneldock.h"
+#include "screenfit.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -15,13 +16,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace hfc {
 
@@ -107,10 +106,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
 
     setCentralWidget(central);
     buildPanels();
-    // A laptop's 1366x768 holds the whole window, title bar included, as a large screen does.
-    const QRect avail = screen()->availableGeometry();
-    constexpr int kFrame = 40;
-    resize(std::min(1280, avail.width()), std::min(860, avail.height() - kFrame));
+    resizeWithinScreen(this, 1280, 860);
 
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, [this] { form_->fire(QStringLiteral("Timer1_Timer")); });

@@ -2,6 +2,7 @@
 
 #include "binder.h"
 #include "forms/form.h"
+#include "screenfit.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -113,7 +114,7 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
             continue;
         if (QWidget* w = binder_->make(c)) v->addWidget(w);
     }
-    resize(1000, 740);
+    resizeWithinScreen(this, 1000, 740);
     // Tab walks the station data, the folder, the file buttons and the standard exports; the
     // band table, filled by the recount, is left out of the round.
     for (const char* name :
