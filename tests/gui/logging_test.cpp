@@ -129,4 +129,7 @@ TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {
     press(Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_EQ(w.db.contest.scalar("SELECT ccall FROM tbllog WHERE rowid = 1"), "DL1ABC");
+    EXPECT_EQ(QApplication::focusWidget(), grid);
+    press(Qt::Key_Escape); // a second Esc: back to the call box
+    EXPECT_EQ(focusName(), "txtcall");
 }

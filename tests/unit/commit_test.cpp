@@ -147,6 +147,11 @@ TEST_F(CommitTest, LogGridShowsThisContestNewestLastAndEditsTheRightRow) {
     e.keyAscii = 'q';
     form->fire("DBGrid3_KeyPress", e);
     EXPECT_EQ(e.keyAscii, 'Q');
+    // Esc goes back to the call box, which starts clean: nothing typed into it by the key
+    form->setFocus("DBGrid3");
+    form->typeText(QString(QChar(keys::Esc)));
+    EXPECT_EQ(form->focusName(), "txtcall");
+    EXPECT_EQ(text("txtcall"), "");
 }
 
 TEST_F(CommitTest, ANewMultiplierRedrawsTheShownPrefixGrid) {

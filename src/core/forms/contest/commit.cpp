@@ -45,6 +45,14 @@ void ContestForm::registerCommit() {
     });
     on("DBGrid3_KeyPress", [this](Event& e) { e.keyAscii = QChar(e.keyAscii).toUpper().unicode(); },
        {"KeyAscii"});
+    // Esc takes the operator from the log back to the callsign box, where the next QSO starts
+    // (and the totals are brought up to date with what was mended).
+    on("DBGrid3_KeyDown",
+       [this](Event& e) {
+           if (e.keyCode == keys::Esc && txtcall->visible() && txtcall->enabled())
+               setFocus(txtcall);
+       },
+       {"KeyCode", "Shift"});
     var("qsorun", qsorun);
 }
 
