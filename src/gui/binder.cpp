@@ -56,6 +56,9 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     case K::Combo: {
         auto* cb = new QComboBox(parent);
         cb->setEditable(true);
+        connect(cb->lineEdit(), &QLineEdit::cursorPositionChanged, this, [this, c](int, int now) {
+            if (!mirroring_) c->setCursor(now);
+        });
         connect(cb, &QComboBox::activated, this, [this, c, cb](int i) {
             if (mirroring_) return;
             c->setText(cb->itemText(i));
@@ -270,6 +273,8 @@ void Binder::mirror(Control* c, QWidget* w) {
             cb->addItems(c->items());
         }
         if (cb->currentText() != c->text()) cb->setCurrentText(c->text());
+        if (QLineEdit* e = cb->lineEdit(); e && e->cursorPosition() != c->cursor())
+            e->setCursorPosition(c->cursor());
     } else if (auto* l = qobject_cast<QListWidget*>(w)) {
         QStringList have;
         for (int i = 0; i < l->count(); ++i) have << l->item(i)->text();
