@@ -2,7 +2,7 @@
 
 #include "binder.h"
 #include "forms/form.h"
-#include "screenfit.h"
+#include "viewparts.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -59,9 +59,7 @@ AutoView::AutoView(Form* form, QWidget* parent)
             auto* head = new QLabel(c->name());
             grid->addWidget(head, row, 0);
             grid->addWidget(w, row, 1);
-            // A box the model hides takes its caption with it.
-            head->setVisible(c->visible());
-            connect(c, &Control::changed, head, [head, c] { head->setVisible(c->visible()); });
+            headingFollows(head, c);
         } else {
             grid->addWidget(w, row, wide ? 0 : 1, 1, wide ? 2 : 1);
             if (wide) grid->setRowStretch(row, 1); // tables and trees take the room there is

@@ -62,8 +62,7 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         connect(cb, &QComboBox::activated, this, [this, c, cb](int i) {
             if (mirroring_) return;
             c->setText(cb->itemText(i));
-            Event ev;
-            form_->fire(Form::baseName(c->name()) + QStringLiteral("_Click"), ev);
+            form_->click(c);
         });
         w = cb;
         break;
@@ -94,8 +93,7 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
         auto* l = new QListWidget(parent);
         connect(l, &QListWidget::itemClicked, this, [this, c](QListWidgetItem* it) {
             c->setExtra(QStringLiteral("selected"), it->text());
-            Event ev;
-            form_->fire(Form::baseName(c->name()) + QStringLiteral("_Click"), ev);
+            form_->click(c);
         });
         w = l;
         break;
@@ -436,12 +434,17 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
         form->pressKey(vk, shift);
         return true;
     }
-    const QString t = e->text();
-    if (!t.isEmpty() && !(shift & 6) && t[0].unicode() >= 32) {
-        for (const QChar ch : t) form->typeChar(ch);
+    if (typesCharacter(e)) {
+        for (const QChar ch : e->text()) form->typeChar(ch);
         return true;
     }
     return false;
+}
+
+bool Binder::typesCharacter(const QKeyEvent* e) {
+    const QString t = e->text();
+    return !t.isEmpty() && t[0].unicode() >= 0x20 &&
+           !(e->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
 }
 
 // In a grid that can be edited the arrows and page keys move between cells and a typed
@@ -461,9 +464,7 @@ bool Binder::keepsInEditableGrid(const QKeyEvent* ke) {
     default:
         break;
     }
-    const QString t = ke->text();
-    return !t.isEmpty() && t[0].unicode() >= 0x20 &&
-           !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    return typesCharacter(ke);
 }
 
 // Text selected in a box (double click, Ctrl+A, Shift+arrows) goes when the operator types over
@@ -473,9 +474,7 @@ bool Binder::removeSelection(Control* c, QObject* watched, QKeyEvent* ke) {
     auto* edit = qobject_cast<QLineEdit*>(watched);
     if (!edit || !edit->hasSelectedText() || !c->isEditable()) return false;
     const bool erase = ke->key() == Qt::Key_Backspace || ke->key() == Qt::Key_Delete;
-    const bool typed = !ke->text().isEmpty() && ke->text()[0].unicode() >= 0x20 &&
-                       !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-    if (!erase && !typed) return false;
+    if (!erase && !typesCharacter(ke)) return false;
     QString t = c->text();
     const int from = edit->selectionStart();
     t.remove(from, edit->selectedText().size());

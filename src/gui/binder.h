@@ -40,6 +40,8 @@ class Binder : public QObject {
     // Translates a Qt key event into the window's key codes; true when it was forwarded.
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
+    // A key that types a character (not a control code, no Ctrl or Alt held).
+    static bool typesCharacter(const QKeyEvent* e);
 
   signals:
     // F10 without modifiers: the key that takes the keyboard to the window's menu bar.

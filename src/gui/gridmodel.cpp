@@ -1,5 +1,7 @@
 #include "gridmodel.h"
 
+#include "binder.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -88,8 +90,7 @@ bool GridCellDelegate::eventFilter(QObject* editor, QEvent* event) {
     if (line && event->type() == QEvent::KeyPress) {
         auto* ke = static_cast<QKeyEvent*>(event);
         const QString t = ke->text();
-        if (t.size() == 1 && t[0].unicode() >= 0x20 &&
-            !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+        if (t.size() == 1 && Binder::typesCharacter(ke)) {
             const int ascii = filter_(t[0].unicode());
             if (ascii == 0) return true;
             if (ascii != t[0].unicode()) {

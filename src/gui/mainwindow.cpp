@@ -5,7 +5,7 @@
 #include "forms/contest/contestform.h"
 #include "otchetview.h"
 #include "paneldock.h"
-#include "screenfit.h"
+#include "viewparts.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -23,17 +23,6 @@
 #include <QVBoxLayout>
 
 namespace hfc {
-
-namespace {
-QLabel* caption(const QString& text, QWidget* parent = nullptr) {
-    auto* l = new QLabel(text, parent);
-    l->setStyleSheet(QStringLiteral("color: #404040;"));
-    return l;
-}
-QString arr(const char* base, int i) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i);
-}
-} // namespace
 
 MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     : QMainWindow(parent), form_(form), binder_(new Binder(form, this)) {
@@ -193,42 +182,39 @@ QWidget* MainWindow::buildEntryLine() {
     auto* box = new QWidget;
     auto* g = new QGridLayout(box);
     g->setContentsMargins(0, 0, 0, 0);
+    // Each box with its heading: a fixed text, or a label of the window (headingLabel) whose
+    // caption the contest sets.
     struct Col {
         const char* name;
         const char* head;
+        const char* headingLabel;
         int width;
     };
-    const Col cols[] = {{"txtcall", "Позывной", 150},
-                        {"txtdate", "Дата", 80},
-                        {"txttime", "Время", 70},
-                        {"lblrsts", "Передан", 50},
-                        {"txtrsts", "", 70},
-                        {"lblrstr", "Принят", 50},
-                        {"txtrstr", "", 110},
-                        {"txtmult", nullptr, 60},
-                        {"txtmult2", nullptr, 60},
-                        {"txtpoint", nullptr, 45},
-                        {"txtpoint2", "", 45},
-                        {"txtrepit", "", 80},
-                        {"cmbAdd", "", 60}};
+    const Col cols[] = {{"txtcall", "Позывной", nullptr, 150},
+                        {"txtdate", "Дата", nullptr, 80},
+                        {"txttime", "Время", nullptr, 70},
+                        {"lblrsts", "Передан", nullptr, 50},
+                        {"txtrsts", "", nullptr, 70},
+                        {"lblrstr", "Принят", nullptr, 50},
+                        {"txtrstr", "", nullptr, 110},
+                        {"txtmult", nullptr, "lbldxcc", 60},
+                        {"txtmult2", nullptr, "lblzone", 60},
+                        {"txtpoint", nullptr, "lblpoint", 45},
+                        {"txtpoint2", "", nullptr, 45},
+                        {"txtrepit", "", nullptr, 80},
+                        {"cmbAdd", "", nullptr, 60}};
     int c = 0;
     for (const Col& col : cols) {
-        QWidget* head = nullptr;
-        if (!col.head) {
-            head = binder_->make(QString::fromLatin1(col.name) == "txtmult"    ? "lbldxcc"
-                                 : QString::fromLatin1(col.name) == "txtmult2" ? "lblzone"
-                                                                               : "lblpoint");
-        } else {
-            head = caption(QString::fromUtf8(col.head));
-        }
-        g->addWidget(head, 0, c);
+        g->addWidget(col.headingLabel ? binder_->make(col.headingLabel)
+                                      : caption(QString::fromUtf8(col.head)),
+                     0, c);
         QWidget* w = binder_->make(col.name);
         w->setMinimumWidth(col.width);
-        if (QString::fromLatin1(col.name) == "txtcall")
-            binder_->setBaseStyle(w, QStringLiteral("font-size: 14pt; font-weight: bold;"));
         g->addWidget(w, 1, c);
         ++c;
     }
+    binder_->setBaseStyle(binder_->widget(QStringLiteral("txtcall")),
+                          QStringLiteral("font-size: 14pt; font-weight: bold;"));
     g->addWidget(caption(QStringLiteral("Страна")), 0, c);
     auto* country = binder_->make("txtstran5");
     country->setMinimumWidth(130);

@@ -2,7 +2,7 @@
 
 #include "binder.h"
 #include "forms/form.h"
-#include "screenfit.h"
+#include "viewparts.h"
 
 #include <QEvent>
 #include <QFormLayout>
@@ -13,12 +13,6 @@
 #include <QVBoxLayout>
 
 namespace hfc {
-
-namespace {
-QString arr(const char* base, int i) {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(base)).arg(i);
-}
-} // namespace
 
 OtchetView::OtchetView(Form* form, QWidget* parent)
     : QWidget(parent, Qt::Window), form_(form), binder_(new Binder(form, this)) {
@@ -99,9 +93,8 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
                                                          {"Command1", ""}};
     int col = 0;
     for (const auto& [name, what] : files) {
-        auto* head = new QLabel(QString::fromUtf8(what));
+        auto* head = caption(QString::fromUtf8(what));
         head->setAlignment(Qt::AlignCenter);
-        head->setStyleSheet(QStringLiteral("color: #404040;"));
         buttons->addWidget(head, 0, col);
         buttons->addWidget(binder_->make(name), 1, col);
         ++col;
@@ -136,13 +129,9 @@ QWidget* OtchetView::buildStandardExports() {
                              "cmbcatstation", "cmbcattx", "cmbqtcrole"}) {
         Control* c = form_->control(QLatin1String(name));
         if (!c) continue;
-        auto* head = new QLabel(c->tooltip());
-        head->setStyleSheet(QStringLiteral("color: #404040;"));
-        QWidget* w = binder_->make(c);
-        g->addRow(head, w);
-        // A box the model hides takes its heading with it.
-        connect(c, &Control::changed, head, [head, c] { head->setVisible(c->visible()); });
-        head->setVisible(c->visible());
+        auto* head = caption(c->tooltip());
+        g->addRow(head, binder_->make(c));
+        headingFollows(head, c);
     }
     auto* row = new QHBoxLayout;
     row->addWidget(binder_->make("cmbcab3"));

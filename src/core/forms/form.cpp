@@ -23,8 +23,7 @@ Control* Form::add(const QString& name, Control::Kind kind, const QString& text)
 std::vector<Control*> Form::addArray(const QString& base, int count, Control::Kind kind) {
     std::vector<Control*> out;
     out.reserve(count);
-    for (int i = 0; i < count; ++i)
-        out.push_back(add(QStringLiteral("%1(%2)").arg(base).arg(i), kind));
+    for (int i = 0; i < count; ++i) out.push_back(add(arrayName(base, i), kind));
     return out;
 }
 
@@ -142,7 +141,7 @@ void Form::setFocus(const QString& name) {
     Control* first = control(name + QStringLiteral("(0)"));
     if (!first) return;
     for (int i = 0;; ++i) {
-        Control* c = control(QStringLiteral("%1(%2)").arg(name).arg(i));
+        Control* c = control(arrayName(name, i));
         if (!c) break;
         if (c->checked()) {
             setFocus(c);
@@ -314,6 +313,10 @@ void Form::moveCaret(int keyCode) {
     }
 }
 
+QString Form::arrayName(const QString& base, int index) {
+    return base + QLatin1Char('(') + QString::number(index) + QLatin1Char(')');
+}
+
 void Form::click(const QString& controlName) {
     if (Control* c = control(controlName)) click(c);
 }
@@ -323,7 +326,7 @@ void Form::click(Control* c) {
     const QString base = baseName(c->name(), &idx);
     if (c->kind() == Control::Kind::Option && idx >= 0) {
         for (int i = 0;; ++i) {
-            Control* o = control(QStringLiteral("%1(%2)").arg(base).arg(i));
+            Control* o = control(arrayName(base, i));
             if (!o) break;
             o->setValue(o == c ? 1 : 0);
         }

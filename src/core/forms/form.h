@@ -46,6 +46,7 @@ class Form : public QObject {
     Control* control(const QString& name) const; // "txtcall", "cmbband(3)"; nullptr if unknown
     const std::vector<Control*>& controls() const { return order_; }
     static QString baseName(const QString& name, int* index = nullptr);
+    static QString arrayName(const QString& base, int index); // "cmbband(3)"
 
     // --- handlers and procedures ---
     // params name the arguments a script `call` passes: "Index", "KeyAscii", "KeyCode", "Shift".
