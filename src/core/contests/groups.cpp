@@ -50,6 +50,13 @@ bool isPortable(const QString& call) {
     return false;
 }
 
+MultScope multScope(const QString& contestcode) {
+    if (contestcode == QLatin1String("tops") || contestcode == QLatin1String("wpx"))
+        return MultScope::Contest;
+    if (contestcode == QLatin1String("vkzl")) return MultScope::SentReport;
+    return MultScope::Band;
+}
+
 bool isLowBand(const QString& band) {
     return band == QLatin1String("1,8") || band == QLatin1String("3,5") ||
            band == QLatin1String("7");

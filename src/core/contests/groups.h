@@ -23,6 +23,11 @@ bool isMaritime(const QString& call); // "/MM"
 bool isPortable(const QString& call); // "/P", "/M", "/A", "/AM" or "/MM"
 bool isLowBand(const QString& band);  // "1,8", "3,5", "7"
 
+// Where a first multiplier counts once: on each band (most contests), once in the whole contest
+// (TOPS, WPX) or once per sent report on any band (VK/ZL).
+enum class MultScope { Band, Contest, SentReport };
+MultScope multScope(const QString& contestcode);
+
 // The call-area digit of a prefix cut ("UA3" -> '3'); a null QChar when it ends in none.
 QChar areaDigit(const QString& prf);
 

@@ -152,6 +152,7 @@ class ContestForm : public Form {
     void mnumzone_Click();
     void multwid_Click();
     void fillList1();
+    QString firstMultScope(QStringList& params) const;
     // specialscoring.cpp
     void raemscore();
     void SAC();

@@ -1,4 +1,5 @@
 // Is this multiplier new? One query against the log, and the two views of worked multipliers.
+#include "contests/groups.h"
 #include "data/db.h"
 #include "forms/contest/contestform.h"
 
@@ -14,21 +15,26 @@ void ContestForm::registerMultipliers() {
     var("lastsql", lastsql);
 }
 
-void ContestForm::multcheck() {
-    // A multiplier counts once per band, except in TOPS and WPX (once per contest) and VK/ZL
-    // (once per sent report, on any band).
-    QStringList params{multcand, contestcode};
-    if (contestcode == QLatin1String("tops") || contestcode == QLatin1String("wpx")) {
-        lastsql = QStringLiteral("SELECT 1 FROM tbllog WHERE mult = ?1 AND ps2 = ?2 LIMIT 1");
-    } else if (contestcode == QLatin1String("vkzl")) {
-        lastsql = QStringLiteral(
-            "SELECT 1 FROM tbllog WHERE mult = ?1 AND ps2 = ?2 AND rsts = ?3 LIMIT 1");
+// The log rows within the first multiplier's scope, as an SQL condition; its value, if any, is
+// appended to params and numbered after them.
+QString ContestForm::firstMultScope(QStringList& params) const {
+    switch (contests::multScope(contestcode)) {
+    case contests::MultScope::Contest:
+        return {};
+    case contests::MultScope::SentReport:
         params << lblrsts->text();
-    } else {
-        lastsql = QStringLiteral(
-            "SELECT 1 FROM tbllog WHERE mult = ?1 AND ps2 = ?2 AND bband = ?3 LIMIT 1");
-        params << curband;
+        return QStringLiteral(" AND rsts = ?%1").arg(params.size());
+    case contests::MultScope::Band:
+        break;
     }
+    params << curband;
+    return QStringLiteral(" AND bband = ?%1").arg(params.size());
+}
+
+void ContestForm::multcheck() {
+    QStringList params{multcand, contestcode};
+    lastsql = QStringLiteral("SELECT 1 FROM tbllog WHERE mult = ?1 AND ps2 = ?2") +
+              firstMultScope(params) + QStringLiteral(" LIMIT 1");
     txtmult->setText(logDb().exists(lastsql, params) ? QString() : multcand);
 }
 
@@ -48,22 +54,11 @@ void ContestForm::mnumdxcc_Click() {
     fillList1();
 }
 
-// The worked first multipliers in the order they were logged, with the same scope as
-// multcheck: this band, or the whole contest (TOPS, WPX), or this sent report (VK/ZL).
+// The worked first multipliers in the order they were logged, in the scope multcheck uses.
 void ContestForm::fillList1() {
     QStringList params{contestcode};
-    if (contestcode == QLatin1String("tops") || contestcode == QLatin1String("wpx")) {
-        lastsql = QStringLiteral(
-            "SELECT mult FROM tbllog WHERE ps2 = ?1 AND NOT (length(mult) = 0) ORDER BY rowid");
-    } else if (contestcode == QLatin1String("vkzl")) {
-        lastsql = QStringLiteral("SELECT mult FROM tbllog WHERE ps2 = ?1 AND rsts = ?2 "
-                                 "AND NOT (length(mult) = 0) ORDER BY rowid");
-        params << lblrsts->text();
-    } else {
-        lastsql = QStringLiteral("SELECT mult FROM tbllog WHERE ps2 = ?1 AND bband = ?2 "
-                                 "AND NOT (length(mult) = 0) ORDER BY rowid");
-        params << curband;
-    }
+    lastsql = QStringLiteral("SELECT mult FROM tbllog WHERE ps2 = ?1") + firstMultScope(params) +
+              QStringLiteral(" AND NOT (length(mult) = 0) ORDER BY rowid");
     List1->setItems(logDb().column(lastsql, params));
 }
 
