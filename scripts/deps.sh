@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, when they are missing.
 set -euo pipefail
-pkgs=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libqt6serialport6-dev
-      libsqlite3-dev sqlite3 libgtest-dev clang-format cppcheck)
+# (git: the lint step lists the tracked files)
+pkgs=(git cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev sqlite3
+      libgtest-dev clang-format cppcheck)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -147,14 +147,15 @@ void Db::exec(const QString& sql) {
 }
 
 Stmt& Db::prepared(const QString& sql, const QStringList& params) {
-    const std::string key = sql.toStdString();
-    auto it = cache_.find(key);
+    // Found by the text as given: the UTF-8 copy is made only for a statement prepared anew.
+    auto it = cache_.find(sql);
     if (it == cache_.end()) {
+        const QByteArray utf8 = sql.toUtf8();
         sqlite3_stmt* st = nullptr;
-        if (sqlite3_prepare_v3(db_, key.c_str(), int(key.size()), SQLITE_PREPARE_PERSISTENT, &st,
-                               nullptr) != SQLITE_OK)
+        if (sqlite3_prepare_v3(db_, utf8.constData(), int(utf8.size()), SQLITE_PREPARE_PERSISTENT,
+                               &st, nullptr) != SQLITE_OK)
             fail(db_, sql);
-        it = cache_.emplace(key, std::make_unique<Stmt>(db_, st)).first;
+        it = cache_.emplace(sql, std::make_unique<Stmt>(db_, st)).first;
     }
     Stmt& s = *it->second;
     s.reset();
@@ -252,19 +253,6 @@ QString dbErrorReason(const DbError& e) {
 QString dbErrorMessage(const DbError& e) {
     const QString file = e.file().isEmpty() ? QStringLiteral("?") : e.file();
     return QStringLiteral("Ошибка базы данных «%1»: %2.").arg(file, dbErrorReason(e));
-}
-
-QString globPrefix(const QString& prefix) {
-    QString out;
-    out.reserve(prefix.size() + 2);
-    for (const QChar c : prefix) {
-        if (c == QLatin1Char('*') || c == QLatin1Char('?') || c == QLatin1Char('['))
-            out += QLatin1Char('[') + c + QLatin1Char(']');
-        else
-            out += c;
-    }
-    out += QLatin1Char('*');
-    return out;
 }
 
 } // namespace hfc

@@ -86,11 +86,7 @@ class Db {
   private:
     sqlite3* db_ = nullptr;
     QString path_;
-    std::unordered_map<std::string, std::unique_ptr<Stmt>> cache_;
+    std::unordered_map<QString, std::unique_ptr<Stmt>> cache_;
 };
-
-// A GLOB pattern matching texts that begin with prefix: the glob characters in it are taken
-// literally. Used where the log is searched by the beginning of a call or a prefix.
-QString globPrefix(const QString& prefix);
 
 } // namespace hfc

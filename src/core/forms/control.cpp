@@ -46,6 +46,7 @@ void Control::setItems(const QStringList& items) {
     emit changed();
 }
 void Control::setColumns(const QStringList& c) {
+    if (c == columns_) return;
     columns_ = c;
     emit changed();
 }
@@ -61,6 +62,9 @@ QStringList Control::row(size_t i) const {
     return i < rows_.size() ? rows_[i] : QStringList();
 }
 void Control::setRows(std::vector<QStringList> rows) {
+    // The same rows again (an empty list after an empty list, as a call is typed) are no change:
+    // a view need not redraw them.
+    if (!source_ && rows == rows_) return;
     source_ = nullptr;
     sourceCount_ = 0;
     rows_ = std::move(rows);
@@ -78,6 +82,10 @@ void Control::setCell(size_t row, int column, const QString& value) {
     emit changed();
 }
 void Control::setTable(const QStringList& columns, std::vector<QStringList> rows) {
+    if (!source_ && rows == rows_) {
+        setColumns(columns);
+        return;
+    }
     columns_ = columns;
     setRows(std::move(rows));
 }
@@ -94,6 +102,7 @@ void Control::setSourcedRowCount(size_t count) {
     emit changed();
 }
 void Control::setTooltip(const QString& t) {
+    if (t == tooltip_) return;
     tooltip_ = t;
     emit changed();
 }

@@ -1,6 +1,7 @@
 #pragma once
-// The key filter of the reference windows' entry boxes: a typed character is taken in upper case,
-// and a printable character outside the box's allowed set, or beyond its length, is refused.
+// The key filter of the entry boxes (the callsign, the reports, the reference windows): a typed
+// character is taken in upper case, and a printable character outside the box's allowed set, or
+// beyond its length, is refused.
 #include <QString>
 
 namespace hfc {

@@ -32,8 +32,6 @@ void ContestForm::registerBands() {
     on("cmbmod_KeyPress", [this](Event& e) { cmbmod_KeyPress(e); }, {"KeyAscii"});
     proc("cmbwsego_Click", [this] { cmbwsego_Click(); });
     proc("prefixlist", [this] { prefixlist(); });
-    var("mwidmode", mwidmode);
-    var("bandmult", bandmult);
 }
 
 void ContestForm::cmbband_Click(int index) {

@@ -335,8 +335,7 @@ void ContestForm::TXTNCALL_KeyPress(Event& e) {
 
 void ContestForm::saveOwnCall() {
     logDb().run(QStringLiteral("UPDATE tbltit SET ccall = ?1"), {TXTNCALL->text()});
-    owntail.clear();
-    resolveOwnCall();
+    owntail.clear(); // the caller resolves the own station from the call as typed
 }
 
 void ContestForm::CMBEXIT_Click() {

@@ -1,6 +1,7 @@
 // The callsign box: key filter, partial-call and time lists, repeat rules.
 #include "data/databases.h"
 #include "forms/contest/contestform.h"
+#include "text/keyfilter.h"
 
 namespace hfc {
 
@@ -37,12 +38,8 @@ void ContestForm::txtcall_KeyPress(Event& e) {
         txtmult2->setText(QString());
         txtstran5->setText(QString());
     }
-    e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
-    if (e.keyAscii > 26 &&
-        (!callchars.contains(QChar(e.keyAscii)) || txtcall->text().size() > 13)) {
-        e.keyAscii = 0;
-        return;
-    }
+    e.keyAscii = filterKey(e.keyAscii, callchars, txtcall->text().size(), 14);
+    if (e.keyAscii == 0) return;
     if (e.keyAscii == keys::Enter) {
         if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
             if (!txtcall->text().isEmpty())

@@ -3,6 +3,7 @@
 #include "contests/exchangecheck.h"
 #include "data/databases.h"
 #include "forms/contest/contestform.h"
+#include "text/keyfilter.h"
 
 namespace hfc {
 
@@ -134,8 +135,7 @@ void ContestForm::txtrstr_GotFocus() {
 
 void ContestForm::lblrstr_KeyPress(Event& e) {
     // The received report of "chemp": digits only; Enter goes on to the exchange.
-    e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
-    if (e.keyAscii > 26 && !digits.contains(QChar(e.keyAscii))) e.keyAscii = 0;
+    e.keyAscii = filterKey(e.keyAscii, digits, 0, 0);
     if (e.keyAscii > 26 || e.keyAscii == keys::Backspace) rearmCheck(); // a correction
     if (e.keyAscii == keys::Enter) setFocus(txtrstr);
 }

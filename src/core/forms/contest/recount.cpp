@@ -85,10 +85,10 @@ void ContestForm::recount() {
         qsum += val(qsoband[b]->text());
         msum += val(multband[b]->text());
         m1sum += val(multband1[b]->text());
-        qsotot->setText(num(qsum));
-        multtot->setText(num(msum));
-        multtot1->setText(num(m1sum));
     }
+    qsotot->setText(num(qsum));
+    multtot->setText(num(msum));
+    multtot1->setText(num(m1sum));
 
     // Contests without multipliers show their point total in the multiplier total.
     if (contestcode == QLatin1String("lzo") || contestcode == QLatin1String("bal")) {
