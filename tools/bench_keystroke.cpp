@@ -3,6 +3,7 @@
 // SQL statements stepped directly through SQLite; and the cost of a commit and of the recount
 // that follows it. Prints figures only. NOSYNC=1 commits without waiting for the disk, to show
 // what the commit costs besides the fsync that makes it crash-safe.
+#include "benchutil.h"
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
@@ -18,35 +19,18 @@
 #include <vector>
 
 using namespace hfc;
-using Steady = std::chrono::steady_clock;
+using namespace hfc::bench;
 
 namespace {
 
-const char* const Prefixes[] = {"DL", "UA", "RA", "RV", "UA9", "K",  "W",  "N",  "JA", "G",
-                                "F",  "I",  "EA", "OK", "SP",  "HA", "YO", "LZ", "OH", "SM",
-                                "LY", "YL", "ES", "UR", "VE",  "VK", "PY", "LU", "ZS", "9A"};
 const QString Bands[6] = {"1,8", "3,5", "7", "14", "21", "28"};
-
-QString randomCall(QRandomGenerator& rng) {
-    QString c = QString::fromLatin1(Prefixes[rng.bounded(int(std::size(Prefixes)))]);
-    c += QChar('0' + rng.bounded(10));
-    const int letters = 1 + rng.bounded(3);
-    for (int i = 0; i < letters; ++i) c += QChar('A' + rng.bounded(26));
-    return c;
-}
-
-double ms(Steady::duration d) {
-    return std::chrono::duration<double, std::milli>(d).count();
-}
 
 struct Figures {
     double median, p99, max;
 };
 
 Figures figures(std::vector<double> v) {
-    std::sort(v.begin(), v.end());
-    auto at = [&](double q) { return v[std::min(v.size() - 1, size_t(q * (v.size() - 1) + 0.5))]; };
-    return {at(0.5), at(0.99), v.back()};
+    return {quantile(v, 0.5), quantile(v, 0.99), v.back()};
 }
 
 // The statements one keystroke runs, prepared once and stepped to the end as the window does.

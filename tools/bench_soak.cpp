@@ -6,6 +6,7 @@
 //
 //   bench_soak [QSOS] [INTERVAL]      (defaults: 50000, 5000)
 //   NOSYNC=1 bench_soak               commits without waiting for the disk (a quicker run)
+#include "benchutil.h"
 #include "script/scriptrunner.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,7 @@
 #include <vector>
 
 using namespace hfc;
-using Steady = std::chrono::steady_clock;
+using namespace hfc::bench;
 
 namespace {
 
@@ -30,30 +31,10 @@ long rssKb() {
     return -1;
 }
 
-double ms(Steady::duration d) {
-    return std::chrono::duration<double, std::milli>(d).count();
-}
-
-double quantile(std::vector<double>& v, double q) {
-    if (v.empty()) return 0;
-    std::sort(v.begin(), v.end());
-    return v[std::min(v.size() - 1, size_t(q * double(v.size() - 1) + 0.5))];
-}
-
-const char* const Prefixes[] = {"DL", "UA", "RA", "RV", "UA9", "K",  "W",  "N",  "JA", "G",
-                                "F",  "I",  "EA", "OK", "SP",  "HA", "YO", "LZ", "OH", "SM",
-                                "LY", "YL", "ES", "UR", "VE",  "VK", "PY", "LU", "ZS", "9A"};
-
 // The stations on the air: worked again on other bands, and sometimes again on the same band.
 std::vector<QString> stations(QRandomGenerator& rng, int n) {
     std::vector<QString> out;
-    for (int i = 0; i < n; ++i) {
-        QString c = QString::fromLatin1(Prefixes[rng.bounded(int(std::size(Prefixes)))]);
-        c += QChar('0' + rng.bounded(10));
-        const int letters = 1 + rng.bounded(3);
-        for (int k = 0; k < letters; ++k) c += QChar('A' + rng.bounded(26));
-        out.push_back(c);
-    }
+    for (int i = 0; i < n; ++i) out.push_back(randomCall(rng));
     return out;
 }
 

@@ -13,7 +13,6 @@
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    QTemporaryDir dir;
     const int runs = 5;
     double first = 0, later = 0, model = 0;
     for (int r = 0; r < runs; ++r) {

@@ -1,3 +1,4 @@
+#include "testfiles.h"
 #include "text/codepage.h"
 
 #include <QDir>
@@ -6,21 +7,10 @@
 #include <gtest/gtest.h>
 
 using namespace hfc;
+using hfc::test::readFile;
+using hfc::test::writeFile;
 
-namespace {
-
-QByteArray readFile(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
-} // namespace
+namespace {} // namespace
 
 TEST(Codepage, Win1251AndCp866Bytes) {
     // "АЯаяЁё№р" in the published tables of both code pages.

@@ -2,6 +2,7 @@
 #include "formfixture.h"
 #include "forms/otchet/otchetform.h"
 #include "reports/exportcommand.h"
+#include "testfiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,6 +10,7 @@
 
 using namespace hfc;
 using hfc::test::FormFixture;
+using hfc::test::readFile;
 
 namespace {
 
@@ -21,10 +23,6 @@ struct ExportTest : FormFixture {
         const int rc = runExportCommand(args, out, err);
         out.flush(), err.flush();
         return rc;
-    }
-    QByteArray readAll(const QString& path) {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
     }
     void fillLog() {
         addRow("DL1ABC", "14", "chemp", "DL", "14", "3", "12:05", "01.12.02");
@@ -60,16 +58,16 @@ TEST_F(ExportTest, WritesWhatTheWindowsButtonWrites) {
             << errText.toStdString();
         const QString written = byCommand.path() + "/" + c.file;
         EXPECT_EQ(outText, QString::fromUtf8("Файл записан: ") + written + "\n");
-        EXPECT_EQ(readAll(written), readAll(byWindow.path() + "/" + c.file));
+        EXPECT_EQ(readFile(written), readFile(byWindow.path() + "/" + c.file));
     }
     // Without --contest the code is that of the title the station data keeps; it decides the
     // heading of the listing.
     const QString listing = byCommand.path() + "/UA3ABC.LOG";
     ASSERT_EQ(run({"export", "log", "--data-dir", dir.path(), "--to", byCommand.path()}), 0);
-    EXPECT_EQ(readAll(listing), readAll(byWindow.path() + "/UA3ABC.LOG"));
+    EXPECT_EQ(readFile(listing), readFile(byWindow.path() + "/UA3ABC.LOG"));
     db.contest.run("UPDATE tbltit SET contest = 'Чемпионат'");
     ASSERT_EQ(run({"export", "log", "--data-dir", dir.path(), "--to", byCommand.path()}), 0);
-    EXPECT_TRUE(readAll(listing).startsWith("   DATE    UTC  MHZ  CALL         RST SEND"));
+    EXPECT_TRUE(readFile(listing).startsWith("   DATE    UTC  MHZ  CALL         RST SEND"));
 }
 
 TEST_F(ExportTest, RefusesWithARussianMessageAndAnExitCode) {

@@ -1,6 +1,7 @@
 // Transfer into the station log, clearing (with its backup) and code-page conversion. The
 // transfer itself is played through in the transfer_clear scenario.
 #include "formfixture.h"
+#include "testfiles.h"
 #include "text/codepage.h"
 
 #include <QDir>
@@ -8,6 +9,8 @@
 
 using namespace hfc;
 using hfc::test::FormFixture;
+using hfc::test::readFile;
+using hfc::test::writeFile;
 
 namespace {
 
@@ -16,17 +19,6 @@ const QString kClearAsk = "msgbox\tОчистить Базу соревнова�
 
 Ui::Answer yn(bool yes) {
     return yes ? Ui::Answer::Yes : Ui::Answer::No;
-}
-
-QByteArray readFile(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(bytes);
 }
 
 } // namespace

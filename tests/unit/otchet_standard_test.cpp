@@ -8,12 +8,14 @@
 #include "reports/standard/cabrillo3.h"
 #include "reports/standard/lint.h"
 #include "standardfixture.h"
+#include "testfiles.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 using namespace hfc;
 using hfc::test::FormFixture;
+using hfc::test::readFile;
 
 namespace {
 
@@ -51,10 +53,6 @@ struct StandardExportTest : FormFixture {
         st.tgor = QString::fromUtf8("Екатеринбург");
         return st;
     }
-    static QByteArray readAll(const QString& path) {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-    }
     QStringList lintMessages() {
         QStringList m;
         for (const LintIssue& i : lintLog(log)) m << i.message;
@@ -71,7 +69,7 @@ TEST_F(StandardExportTest, CabrilloButtonWritesThePureWritersBytes) {
     EXPECT_EQ(w->lblstatus->text(), QString::fromUtf8("Файл записан: ") + path);
     const QByteArray expected =
         cabrillo3File(cabrillo3Defaults(station(w), "wae", log), "wae", log, qtcs);
-    EXPECT_EQ(readAll(path), expected);
+    EXPECT_EQ(readFile(path), expected);
     EXPECT_EQ(expected.count("\r\nQTC: "), 4);
     EXPECT_TRUE(ui.takeShown().isEmpty());
 }
@@ -91,7 +89,7 @@ TEST_F(StandardExportTest, CategoryBoxesStartFromTheLogAndReachTheHeader) {
     w->cmbcatstation->setText("PORTABLE");
     w->cmbcatband->setText("2M"); // not a value the format allows: the log's value stands
     w->cmbcab3_Click();
-    const QByteArray written = readAll(out.path() + "/UA9CDE.log");
+    const QByteArray written = readFile(out.path() + "/UA9CDE.log");
     EXPECT_EQ(cabrilloFormatErrors(written), QStringList());
     QStringList tags;
     for (const char* t : {"CATEGORY-POWER", "CATEGORY-OPERATOR", "CATEGORY-TRANSMITTER",
@@ -106,7 +104,7 @@ TEST_F(StandardExportTest, CategoryBoxesStartFromTheLogAndReachTheHeader) {
     EXPECT_EQ(w->cmbcatpower->text(), "LOW"); // a new activation starts from the log again
     w->cmbcatmode->setText("SSB");
     w->cmbcab3_Click();
-    const QByteArray file = readAll(out.path() + "/UA9CDE.log");
+    const QByteArray file = readFile(out.path() + "/UA9CDE.log");
     EXPECT_TRUE(file.contains("\r\nCONTEST: CQ-WW-SSB\r\n"));
     EXPECT_TRUE(file.contains("\r\nCATEGORY-MODE: SSB\r\n"));
 }
@@ -120,7 +118,7 @@ TEST_F(StandardExportTest, QtcRoleBoxSwapsTheCallsOfTheQtcLines) {
     w->cmbcab3_Click();
     Cabrillo3Header h = cabrillo3Defaults(station(w), "wae", log);
     h.qtcRole = QtcRole::Received;
-    EXPECT_EQ(readAll(out.path() + "/UA9CDE.log"), cabrillo3File(h, "wae", log, qtcs));
+    EXPECT_EQ(readFile(out.path() + "/UA9CDE.log"), cabrillo3File(h, "wae", log, qtcs));
 }
 
 TEST_F(StandardExportTest, AdifButtonWritesTheWholeLogInDateOrder) {
@@ -143,7 +141,7 @@ TEST_F(StandardExportTest, AdifButtonWritesTheWholeLogInDateOrder) {
     Adif3Options options;
     options.stationCallsign = "R3A/P";
     options.createdUtc = QDateTime(QDate(2021, 5, 8), QTime(6, 0), Qt::UTC);
-    const QByteArray file = readAll(path);
+    const QByteArray file = readFile(path);
     EXPECT_EQ(file, adif3File(options, ordered));
     EXPECT_EQ(file.count("<EOR>"), 19); // every contest; the placeholder and empty call left out
     EXPECT_TRUE(file.contains("<CREATED_TIMESTAMP:15>20210508 060000"));
@@ -210,7 +208,7 @@ TEST_F(StandardCommandTest, WritesTheWindowsFilesAndWarnsWithTheCheckList) {
     ASSERT_EQ(run({"--contest", "wae", "cabrillo3"}), 0) << errText.toStdString();
     const QString cabrillo = cli.path() + "/UA9CDE.log";
     EXPECT_EQ(outText, QString::fromUtf8("Файл записан: ") + cabrillo + "\n");
-    EXPECT_EQ(readAll(cabrillo), readAll(out.path() + "/UA9CDE.log"));
+    EXPECT_EQ(readFile(cabrillo), readFile(out.path() + "/UA9CDE.log"));
     QString warnings;
     for (const QString& m : lintMessages())
         warnings += QString::fromUtf8("Предупреждение: ") + m + "\n";
@@ -220,8 +218,8 @@ TEST_F(StandardCommandTest, WritesTheWindowsFilesAndWarnsWithTheCheckList) {
     EXPECT_EQ(errText, warnings);
     // The same records; only the time of writing differs.
     const auto records = [](const QByteArray& f) { return f.mid(f.indexOf("<EOH>")); };
-    const QByteArray adif = readAll(cli.path() + "/UA9CDE.adi");
-    EXPECT_EQ(records(adif), records(readAll(out.path() + "/UA9CDE.adi")));
+    const QByteArray adif = readFile(cli.path() + "/UA9CDE.adi");
+    EXPECT_EQ(records(adif), records(readFile(out.path() + "/UA9CDE.adi")));
     EXPECT_TRUE(adif.contains("<ADIF_VER:5>3.1.4"));
 }
 
@@ -230,7 +228,7 @@ TEST_F(StandardCommandTest, CategoryOptionsSetTheHeaderAndBadValuesAreRefused) {
                    "--qtc", "received", "cabrillo3"}),
               0)
         << errText.toStdString();
-    const QByteArray file = readAll(cli.path() + "/UA9CDE.log");
+    const QByteArray file = readFile(cli.path() + "/UA9CDE.log");
     EXPECT_TRUE(file.contains("\r\nCATEGORY-POWER: HIGH\r\n"));
     EXPECT_TRUE(file.contains("\r\nCATEGORY-STATION: HQ\r\n"));
     EXPECT_TRUE(file.contains("\r\nCATEGORY-OPERATOR: SINGLE-OP\r\n"));

@@ -2,6 +2,7 @@
 #include "formfixture.h"
 #include "forms/otchet/otchetform.h"
 #include "reports/writers.h"
+#include "testfiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 
 using namespace hfc;
 using hfc::test::FormFixture;
+using hfc::test::readFile;
 
 namespace {
 
@@ -170,11 +172,6 @@ LogRow qso(const char* call, const char* date, const char* time, const char* ban
     return r;
 }
 
-QByteArray readAll(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-
 TEST_F(OtchetTest, ButtonsWriteThePureWritersBytesForTheLogInDateOrder) {
     // Report order: date value (not text), then time text, then sent exchange text.
     const QList<LogRow> ordered = {
@@ -200,11 +197,11 @@ TEST_F(OtchetTest, ButtonsWriteThePureWritersBytesForTheLogInDateOrder) {
     st.tcall = "RZ3DXX", st.tname = QString::fromUtf8("Иван"),
     st.tgor = QString::fromUtf8("Москва");
     st.trezult = o("trezult");
-    EXPECT_EQ(readAll(base), cabrilloFile(st, ordered));
+    EXPECT_EQ(readFile(base), cabrilloFile(st, ordered));
     w->cmbAdif_Click(); // the same file name: ADIF replaces the Cabrillo file
-    EXPECT_EQ(readAll(base), adifFile(ordered));
+    EXPECT_EQ(readFile(base), adifFile(ordered));
     w->cmbreport_Click();
-    EXPECT_EQ(readAll(base + ".LOG"), logListing("chemp", ordered));
+    EXPECT_EQ(readFile(base + ".LOG"), logListing("chemp", ordered));
     EXPECT_EQ(o("lblstatus"), QString::fromUtf8("Файл записан: ") + base + ".LOG");
 
     w->tq[0]->setText("99"); // the sheet prints the boxes as they stand
@@ -220,7 +217,7 @@ TEST_F(OtchetTest, ButtonsWriteThePureWritersBytesForTheLogInDateOrder) {
     sum.tptot = o("tptot"), sum.Text1 = o("Text1"), sum.Text2 = o("Text2");
     sum.Text3 = o("Text3");
     EXPECT_EQ(sum.tq[0], "99");
-    EXPECT_EQ(readAll(base + ".SUM"), summarySheet(sum));
+    EXPECT_EQ(readFile(base + ".SUM"), summarySheet(sum));
 }
 
 TEST_F(OtchetTest, AFileThatCannotBeWrittenIsReportedAndTheLogStays) {

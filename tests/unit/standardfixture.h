@@ -1,6 +1,7 @@
 #pragma once
 // The logbook and QTC table of the standard-export tests, read from tests/data/standard.
 #include "reports/logrow.h"
+#include "testfiles.h"
 
 #include <QFile>
 #include <QList>
@@ -9,9 +10,7 @@
 #include <gtest/gtest.h>
 
 inline QByteArray standardDataFile(const char* name) {
-    QFile f(QStringLiteral(HFC_TEST_DATA "/standard/") + QLatin1String(name));
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name;
-    return f.readAll();
+    return hfc::test::testDataFile("standard", name);
 }
 
 // ccall|ddate|ttime|bband|rsts|rstr|rsts1|rsts2|rstr1|rstr2|ps1|ps2|contr, one row a line.

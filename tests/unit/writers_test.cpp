@@ -1,4 +1,5 @@
 #include "reports/writers.h"
+#include "testfiles.h"
 #include "text/codepage.h"
 #include "text/columns.h"
 
@@ -10,9 +11,7 @@ using namespace hfc;
 namespace {
 
 QByteArray dataFile(const char* name) {
-    QFile f(QStringLiteral(HFC_TEST_DATA "/writers/") + QLatin1String(name));
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name;
-    return f.readAll();
+    return hfc::test::testDataFile("writers", name);
 }
 
 // The fixture log, one QSO a line in UTF-8, fields separated by "|".

@@ -2,6 +2,8 @@
 
 #include "contests/catalogue.h"
 #include "contests/groups.h"
+#include "contests/locator.h"
+#include "contests/scoring.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -158,7 +160,7 @@ bool raem(const Ctx& c) {
     if (!shape(c.ex, "[0-9]{3}[0-9]{2}N[0-9]{2,3}O")) return false;
     const int lat = c.ex.mid(3, 2).toInt();
     const int lon = c.ex.mid(6, c.ex.size() - 7).toInt();
-    return lat > 1 && lat < 90 && lon > 1 && lon < 180;
+    return contests::raemCoordinatesValid(lat, lon);
 }
 bool ref(const Ctx& c) {
     if (prefIs(c, "F") || prefIs(c, "TK"))
@@ -177,7 +179,7 @@ bool sp(const Ctx& c) {
     return !prefIs(c, "SP") || listed("sp", c.ex);
 }
 bool square(const Ctx& c) {
-    return shape(c.ex, "[A-R]{2}[0-9]{2}");
+    return contests::isSquare(c.ex);
 }
 bool tops(const Ctx& c) {
     return shape(c.ex, "[0-9]{1,4}(/[0-9]{1,5})?"); // serial, and a member's number

@@ -1,5 +1,6 @@
 #include "contests/points.h"
 
+#include "contests/groups.h"
 #include "contests/pointsrules.h"
 #include "country/russia.h"
 
@@ -96,9 +97,7 @@ PointsResult wag(const QsoFacts& q) {
 }
 
 PointsResult hol(const QsoFacts& q) {
-    const bool low = q.band == QLatin1String("1,8") || q.band == QLatin1String("3,5") ||
-                     q.band == QLatin1String("7");
-    return low ? points(2) : points(1);
+    return contests::isLowBand(q.band) ? points(2) : points(1);
 }
 
 PointsResult hel(const QsoFacts& q) {

@@ -13,7 +13,7 @@ QString padSerial(long long n) {
 
 std::optional<long long> raemPoints(long long lat, long long lon, bool threeDigitLon,
                                     long long ownLat, long long ownLon) {
-    if (!(lat > 1 && lat < 90 && lon > 1 && lon < 180)) return std::nullopt;
+    if (!raemCoordinatesValid(lat, lon)) return std::nullopt;
     const long long dlat = lat > ownLat ? lat - ownLat : ownLat - lat;
     const long long dlon =
         threeDigitLon ? lon - ownLon : (lon > ownLon ? lon - ownLon : ownLon - lon);

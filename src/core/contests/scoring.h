@@ -9,9 +9,14 @@ namespace hfc::contests {
 // The serial number as sent: at least three digits with leading zeros ("001", "999", "1000").
 QString padSerial(long long n);
 
+// RAEM coordinates a station may pass: whole degrees, 1 < lat < 90 and 1 < lon < 180.
+constexpr bool raemCoordinatesValid(long long lat, long long lon) {
+    return lat > 1 && lat < 90 && lon > 1 && lon < 180;
+}
+
 // RAEM points: whole degrees of latitude plus longitude between the received and the own
 // coordinates. A three-digit received longitude is taken as east of the own one (received minus
-// own, no absolute value). Coordinates outside 1 < lat < 90, 1 < lon < 180 give no points.
+// own, no absolute value). Coordinates that are not valid give no points.
 std::optional<long long> raemPoints(long long lat, long long lon, bool threeDigitLon,
                                     long long ownLat, long long ownLon);
 // Far-north stations bring a bonus.

@@ -1,16 +1,11 @@
 #include "data/logtally.h"
+#include "data/schema.h"
 
 #include <sqlite3.h>
 
 namespace hfc {
 
 namespace {
-
-// A call of one double quote marks a placeholder row: never a QSO.
-const QString& placeholder() {
-    static const QString q = QStringLiteral("\"");
-    return q;
-}
 
 // The same statements serve the whole contest and one band: the band filter is the only
 // difference, so both read the same covering index.
@@ -95,7 +90,7 @@ void LogTally::countBand(const QString& bband) {
 // The per-band counts of the whole contest, or of one band (its text the last parameter).
 void LogTally::count(bool oneBand, const QString& bband) {
     QStringList c{contest_};
-    QStringList q{contest_, placeholder()};
+    QStringList q{contest_, QString(kPlaceholderCall)};
     if (oneBand) {
         c << bband;
         q << bband;
@@ -131,7 +126,7 @@ void LogTally::inserted(qint64 rowid) {
             "AND o.bband = n.bband AND o.ps = n.ps AND o.rowid <> n.rowid), "
             "CAST(n.point AS INTEGER), CAST(n.point2 AS INTEGER) "
             "FROM tbllog n WHERE n.rowid = ?1"),
-        {QString::number(rowid), placeholder(), contest_});
+        {QString::number(rowid), QString(kPlaceholderCall), contest_});
     if (r.empty() || r[0][0] != QLatin1String("1")) return;
     const QStringList& n = r[0];
     if (n[2] != QLatin1String("0")) {

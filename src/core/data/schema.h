@@ -19,6 +19,9 @@ struct DbFileDef {
     std::vector<TableDef> tables;
 };
 
+// The call of a placeholder row in tbllog: one double quote. Such a row is never a QSO.
+inline constexpr QLatin1StringView kPlaceholderCall{"\""};
+
 const std::vector<DbFileDef>& databaseFiles();
 const QStringList& logColumns(); // the columns of tbllog, in order
 

@@ -2,6 +2,7 @@
 
 #include "contests/catalogue.h"
 #include "data/databases.h"
+#include "data/schema.h"
 #include "forms/clock.h"
 #include "forms/otchet/cabrillo3boxes.h"
 #include "forms/otchet/otchetform.h"
@@ -29,6 +30,13 @@ QString storedContestCode(Db& contest) {
     } catch (const DbError&) {
     }
     return QStringLiteral("hi hi");
+}
+
+// The log's file as the databases name it.
+QString logFileName() {
+    for (const DbFileDef& def : databaseFiles())
+        if (def.key == QLatin1String("contest")) return def.file;
+    return {};
 }
 
 int usage(QTextStream& err, const QString& why) {
@@ -118,7 +126,7 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
     QString dataDir = options.value(QStringLiteral("--data-dir"));
     if (dataDir.isEmpty()) dataDir = defaultDataDir();
     // Exporting must not create an empty log where the operator expected his own.
-    const QString logFile = dataDir + QStringLiteral("/dbcontest.sqlite");
+    const QString logFile = dataDir + QLatin1Char('/') + logFileName();
     if (!QFileInfo(logFile).isFile()) {
         err << QStringLiteral("Журнал не найден: нет файла «%1».").arg(logFile) << "\n";
         return 1;

@@ -31,6 +31,14 @@ struct ScriptRunner::Impl {
 
     Impl(QTextStream& o, QTextStream& e) : out(o), err(e) {}
 
+    // One output line of cells (grid rows, SQL rows, dialogs): each escaped, tab-separated.
+    void printCells(const QStringList& cells) {
+        QStringList escaped;
+        escaped.reserve(cells.size());
+        for (const QString& s : cells) escaped << ScriptRunner::escape(s);
+        out << escaped.join('\t') << "\n";
+    }
+
     // Splits "otchet.tq(3).text" into the window, the control or variable name and the property.
     struct Target {
         Form* form = nullptr;
@@ -237,11 +245,7 @@ bool ScriptRunner::runLine(const QString& rawLine) {
                 if (!c->hasProperty(prop)) return bad("unknown property");
                 if (prop.toLower() == "rows") {
                     d->out << w[1] << "=\n";
-                    for (size_t i = 0; i < c->rowCount(); ++i) {
-                        QStringList cells;
-                        for (const QString& s : c->row(i)) cells << escape(s);
-                        d->out << cells.join('\t') << "\n";
-                    }
+                    for (size_t i = 0; i < c->rowCount(); ++i) d->printCells(c->row(i));
                     d->out << ".\n";
                     return true;
                 }
@@ -257,18 +261,10 @@ bool ScriptRunner::runLine(const QString& rawLine) {
             Db* db = d->db.byKey(w[1]);
             if (!db) return bad("unknown database");
             const Rows rows = db->query(restAfter(line, 2));
-            for (const QStringList& r : rows) {
-                QStringList cells;
-                for (const QString& s : r) cells << escape(s);
-                d->out << cells.join('\t') << "\n";
-            }
+            for (const QStringList& r : rows) d->printCells(r);
         } else if (cmd == "dialogs") {
             d->settle();
-            for (const QString& s : d->ui.takeShown()) {
-                QStringList parts = s.split('\t');
-                for (QString& p : parts) p = escape(p);
-                d->out << parts.join('\t') << "\n";
-            }
+            for (const QString& s : d->ui.takeShown()) d->printCells(s.split('\t'));
         } else {
             return bad("unknown line");
         }

@@ -1,6 +1,7 @@
 #include "forms/otchet/otchetform.h"
 
 #include "data/databases.h"
+#include "data/schema.h"
 #include "forms/otchet/boundrow.h"
 #include "reports/scoring.h"
 
@@ -160,10 +161,10 @@ void OtchetForm::recount() {
         // A call stored as a single double quote is a placeholder, not a QSO; the multiplier
         // marks and points of every row count.
         const Rows rows = env().db->contest.query(
-            QStringLiteral("SELECT bband, sum(ccall <> '\"'), sum(length(mult) > 0), "
+            QStringLiteral("SELECT bband, sum(ccall <> ?7), sum(length(mult) > 0), "
                            "sum(length(ps) > 0), sum(point) FROM tbllog "
                            "WHERE bband IN (?1, ?2, ?3, ?4, ?5, ?6) GROUP BY bband"),
-            bands);
+            QStringList(bands) << kPlaceholderCall);
         for (const QStringList& r : rows) byBand.insert(r[0], {r[1], r[2], r[3], r[4]});
     } catch (const DbError&) {
         // Counts stay "0": the window still opens.

@@ -2,15 +2,10 @@
 #include "reports/standard/contestids.h"
 #include "reports/standard/qsofields.h"
 #include "text/dates.h"
-#include "text/translit.h"
 
 namespace hfc {
 
 namespace {
-
-QString ascii(const QString& text) {
-    return toAsciiLatin(text).simplified();
-}
 
 bool allDigits(const QString& s) {
     if (s.isEmpty()) return false;
@@ -69,11 +64,11 @@ Side side(const StandardContest* contest, bool serialExpected, const QString& pl
         serialItem = second;
         break;
     }
-    s.report = ascii(s.report);
-    serialItem = ascii(serialItem);
+    s.report = asciiText(s.report);
+    serialItem = asciiText(serialItem);
     QStringList said;
     for (const QString& item : items)
-        if (!ascii(item).isEmpty()) said << ascii(item);
+        if (!asciiText(item).isEmpty()) said << asciiText(item);
     if (serialExpected && allDigits(serialItem)) s.serial = serialNumber(serialItem);
     if (s.serial.isEmpty() || said.size() > 1) s.exchange = said.join(QLatin1Char(' '));
     return s;
@@ -86,7 +81,7 @@ QString record(const Adif3Options& options, const LogRow& r) {
     const Side rcvd = side(contest, !contest || contest->rcvdSerial, r.rstr, r.rstr1, r.rstr2);
 
     Record rec;
-    rec.field("CALL", ascii(r.ccall).remove(QLatin1Char(' ')).toUpper());
+    rec.field("CALL", asciiCall(r.ccall));
     const QDate date = dateFromDdate(r.ddate);
     if (date.isValid()) rec.field("QSO_DATE", date.toString(QStringLiteral("yyyyMMdd")));
     rec.field("TIME_ON", hhmmOf(r.ttime));
@@ -99,8 +94,7 @@ QString record(const Adif3Options& options, const LogRow& r) {
     rec.field("STX_STRING", sent.exchange);
     rec.field("SRX_STRING", rcvd.exchange);
     rec.field("CONTEST_ID", adifContestId(r.ps2, mode));
-    rec.field("STATION_CALLSIGN",
-              ascii(options.stationCallsign).remove(QLatin1Char(' ')).toUpper());
+    rec.field("STATION_CALLSIGN", asciiCall(options.stationCallsign));
     return rec.text() + QStringLiteral(" <EOR>");
 }
 
@@ -108,7 +102,7 @@ QString record(const Adif3Options& options, const LogRow& r) {
 
 QByteArray adif3File(const Adif3Options& options, const QList<LogRow>& rows) {
     const QDateTime created = options.createdUtc.toUTC();
-    const QString version = ascii(options.programVersion);
+    const QString version = asciiText(options.programVersion);
     QString out;
     // A header must not begin with "<"; its free text is for people reading the file.
     out += QStringLiteral("ADIF export of %1 %2, created %3 UTC\r\n")

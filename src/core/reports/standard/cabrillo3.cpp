@@ -3,7 +3,6 @@
 #include "reports/standard/programinfo.h"
 #include "reports/standard/qsofields.h"
 #include "text/dates.h"
-#include "text/translit.h"
 
 #include <QSet>
 
@@ -16,8 +15,9 @@ constexpr int kNameMax = 75;
 constexpr int kAddressLineMax = 45;
 constexpr int kAddressLinesMax = 6;
 
-QString ascii(const QString& text) {
-    return toAsciiLatin(text).simplified();
+// CREATED-BY when the operator leaves it empty: "hfcontest 0.1".
+QString defaultCreatedBy() {
+    return QLatin1String(kProgramId) + QLatin1Char(' ') + QLatin1String(kProgramVersion);
 }
 
 QString ljust(const QString& s, int width) {
@@ -50,17 +50,17 @@ QString frequency(const QString& bband) {
     if (khz > 0) return QString::number(khz);
     // Not a frequency: shown as typed so the operator sees which QSO it is; the check list
     // reports it before writing.
-    const QString typed = ascii(bband).remove(QLatin1Char(' '));
+    const QString typed = asciiNoBlanks(bband);
     return typed.isEmpty() ? QStringLiteral("0") : typed;
 }
 
 QString dateText(const QString& ddate) {
-    return ascii(formatDdate(ddate, QStringLiteral("yyyy-MM-dd")));
+    return asciiText(formatDdate(ddate, QStringLiteral("yyyy-MM-dd")));
 }
 
 QString timeText(const QString& ttime) {
     const QString hhmm = hhmmOf(ttime);
-    return hhmm.isEmpty() ? ascii(ttime) : hhmm;
+    return hhmm.isEmpty() ? asciiText(ttime) : hhmm;
 }
 
 QString leadingWholeNumber(const QString& text) {
@@ -78,11 +78,11 @@ QString qsoLine(const QString& ownCall, const LogRow& r) {
     line += QLatin1Char(' ') + dateText(r.ddate);
     line += QLatin1Char(' ') + timeText(r.ttime);
     line += QLatin1Char(' ') + ljust(ownCall, 13);
-    line += QLatin1Char(' ') + ljust(ascii(r.rsts1), 3);
-    line += QLatin1Char(' ') + ljust(ascii(r.rsts2), 6);
-    line += QLatin1Char(' ') + ljust(ascii(r.ccall).toUpper(), 13);
-    line += QLatin1Char(' ') + ljust(ascii(r.rstr1), 3);
-    line += QLatin1Char(' ') + ljust(ascii(r.rstr2), 6);
+    line += QLatin1Char(' ') + ljust(asciiText(r.rsts1), 3);
+    line += QLatin1Char(' ') + ljust(asciiText(r.rsts2), 6);
+    line += QLatin1Char(' ') + ljust(asciiText(r.ccall).toUpper(), 13);
+    line += QLatin1Char(' ') + ljust(asciiText(r.rstr1), 3);
+    line += QLatin1Char(' ') + ljust(asciiText(r.rstr2), 6);
     return line.trimmed();
 }
 
@@ -108,7 +108,7 @@ QsoMode qtcMode(const LogRow& q, const QList<LogRow>& qsosInTimeOrder, QsoMode f
 // The QTC number as "series/count"; a number typed without the count gets the number of lines
 // stored under it.
 QString qtcSerial(const LogRow& q, const QList<LogRow>& qtcs) {
-    const QString nr = ascii(q.rstr1).remove(QLatin1Char(' '));
+    const QString nr = asciiNoBlanks(q.rstr1);
     if (nr.contains(QLatin1Char('/'))) return nr;
     int count = 0;
     for (const LogRow& o : qtcs)
@@ -120,11 +120,11 @@ QString qtcSerial(const LogRow& q, const QList<LogRow>& qtcs) {
 
 QString qtcLine(const QString& ownCall, QtcRole role, const LogRow& q, const QString& serial,
                 QsoMode mode) {
-    const QString other = ascii(q.ccall).toUpper();
+    const QString other = asciiText(q.ccall).toUpper();
     const QString sender = role == QtcRole::Sent ? ownCall : other;
     const QString receiver = role == QtcRole::Sent ? other : ownCall;
     // The passed-on QSO: its time, call and serial, separated by blanks as typed.
-    QStringList parts = ascii(q.ps2 + q.contr).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QStringList parts = asciiText(q.ps2 + q.contr).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     QString time, call, nr;
     if (!parts.isEmpty()) time = parts.takeFirst();
     if (parts.size() >= 2) nr = parts.takeLast();
@@ -188,7 +188,7 @@ Cabrillo3Header cabrillo3Defaults(const StationBoxes& st, const QString& contest
     h.name = st.tname;
     for (const QString& a : {st.tadres, st.tgor, st.tstr})
         if (!a.trimmed().isEmpty()) h.address << a.trimmed();
-    h.createdBy = QLatin1String(kProgramId) + QLatin1Char(' ') + QLatin1String(kProgramVersion);
+    h.createdBy = defaultCreatedBy();
 
     const QList<LogRow> qsos = contestQsos(contestcode, rows);
     QSet<QString> bands;
@@ -212,36 +212,35 @@ QByteArray cabrillo3File(const Cabrillo3Header& header, const QString& contestco
     const QsoMode logMode = header.categoryMode == QLatin1String("SSB")  ? QsoMode::Ssb
                             : header.categoryMode == QLatin1String("CW") ? QsoMode::Cw
                                                                          : mostUsedMode(qsos);
-    QString contest = ascii(header.contest);
+    QString contest = asciiText(header.contest);
     if (contest.isEmpty()) contest = cabrilloContestName(contestcode, logMode);
-    if (contest.isEmpty()) contest = ascii(contestcode).toUpper();
+    if (contest.isEmpty()) contest = asciiText(contestcode).toUpper();
 
-    const QString ownCall = ascii(header.callsign).remove(QLatin1Char(' ')).toUpper();
+    const QString ownCall = asciiCall(header.callsign);
     AsciiLines out;
     out.tag("START-OF-LOG", QStringLiteral("3.0"));
     out.tag("CALLSIGN", ownCall);
     out.tag("CONTEST", contest);
-    out.tag("CATEGORY-OPERATOR", ascii(header.categoryOperator));
-    out.tag("CATEGORY-ASSISTED", ascii(header.categoryAssisted));
-    out.tag("CATEGORY-BAND", ascii(header.categoryBand));
-    out.tag("CATEGORY-MODE", ascii(header.categoryMode));
-    out.tag("CATEGORY-POWER", ascii(header.categoryPower));
-    out.tag("CATEGORY-STATION", ascii(header.categoryStation));
-    out.tag("CATEGORY-TRANSMITTER", ascii(header.categoryTransmitter));
+    out.tag("CATEGORY-OPERATOR", asciiText(header.categoryOperator));
+    out.tag("CATEGORY-ASSISTED", asciiText(header.categoryAssisted));
+    out.tag("CATEGORY-BAND", asciiText(header.categoryBand));
+    out.tag("CATEGORY-MODE", asciiText(header.categoryMode));
+    out.tag("CATEGORY-POWER", asciiText(header.categoryPower));
+    out.tag("CATEGORY-STATION", asciiText(header.categoryStation));
+    out.tag("CATEGORY-TRANSMITTER", asciiText(header.categoryTransmitter));
     out.tag("CLAIMED-SCORE", leadingWholeNumber(header.claimedScore));
-    const QString operators = ascii(header.operators);
+    const QString operators = asciiText(header.operators);
     out.tag("OPERATORS", operators.isEmpty() ? ownCall : operators);
-    out.tag("NAME", ascii(header.name).left(kNameMax));
+    out.tag("NAME", asciiText(header.name).left(kNameMax));
     int addressLines = 0;
     for (const QString& a : header.address) {
-        const QString line = ascii(a).left(kAddressLineMax).trimmed();
+        const QString line = asciiText(a).left(kAddressLineMax).trimmed();
         if (line.isEmpty() || addressLines == kAddressLinesMax) continue;
         out.tag("ADDRESS", line);
         ++addressLines;
     }
-    QString createdBy = ascii(header.createdBy);
-    if (createdBy.isEmpty())
-        createdBy = QLatin1String(kProgramId) + QLatin1Char(' ') + QLatin1String(kProgramVersion);
+    QString createdBy = asciiText(header.createdBy);
+    if (createdBy.isEmpty()) createdBy = defaultCreatedBy();
     out.tag("CREATED-BY", createdBy);
 
     for (const LogRow& r : qsos) out.line(qsoLine(ownCall, r));
@@ -261,7 +260,7 @@ QByteArray cabrillo3File(const Cabrillo3Header& header, const QString& contestco
 }
 
 QString standardExportFileName(const QString& ownCall, const QString& extension) {
-    QString base = ascii(ownCall).remove(QLatin1Char(' '));
+    QString base = asciiNoBlanks(ownCall);
     for (QChar& c : base)
         if (!c.isLetterOrNumber() && c != QLatin1Char('-')) c = QLatin1Char('_');
     if (base.isEmpty()) base = QStringLiteral("log");

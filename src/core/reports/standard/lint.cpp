@@ -35,8 +35,12 @@ QString quoted(const QString& s) {
 QList<LintIssue> lintLog(const QList<LogRow>& rowsInEntryOrder) {
     using Kind = LintIssue::Kind;
     QList<LintIssue> issues;
-    // The last QSO with a valid time, per contest.
-    QHash<QString, int> previous;
+    // The last QSO with a valid time, per contest, with that time.
+    struct Previous {
+        int index;
+        QDateTime at;
+    };
+    QHash<QString, Previous> previous;
     for (int i = 0; i < rowsInEntryOrder.size(); ++i) {
         const LogRow& r = rowsInEntryOrder[i];
         if (!isLoggedQso(r)) continue;
@@ -68,13 +72,13 @@ QList<LintIssue> lintLog(const QList<LogRow>& rowsInEntryOrder) {
         }
         const auto prev = previous.constFind(r.ps2);
         if (prev != previous.constEnd()) {
-            const LogRow& p = rowsInEntryOrder[*prev];
-            if (at < qsoDateTime(p))
+            const LogRow& p = rowsInEntryOrder[prev->index];
+            if (at < prev->at)
                 issues << issue(Kind::OutOfOrder, i, r,
                                 QStringLiteral("время раньше, чем у предыдущей связи (%1 %2 %3)")
                                     .arg(p.ddate, p.ttime, p.ccall));
         }
-        previous.insert(r.ps2, i);
+        previous.insert(r.ps2, Previous{i, at});
     }
     return issues;
 }

@@ -1,5 +1,7 @@
 #include "reports/standard/qsofields.h"
+#include "data/schema.h"
 #include "text/dates.h"
+#include "text/translit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -51,7 +53,7 @@ int digitCount(const QString& report) {
 } // namespace
 
 bool isLoggedQso(const LogRow& r) {
-    return !r.ccall.isEmpty() && r.ccall != QLatin1String("\"");
+    return !r.ccall.isEmpty() && r.ccall != kPlaceholderCall;
 }
 
 QsoMode qsoMode(const LogRow& r) {
@@ -90,6 +92,18 @@ QString adifBand(const QString& bband) {
 QString cabrilloBandCategory(const QString& bband) {
     const BandEdge* b = contestBand(bband);
     return b ? QLatin1String(b->cabrillo) : QString();
+}
+
+QString asciiText(const QString& text) {
+    return toAsciiLatin(text).simplified();
+}
+
+QString asciiNoBlanks(const QString& text) {
+    return asciiText(text).remove(QLatin1Char(' '));
+}
+
+QString asciiCall(const QString& text) {
+    return asciiNoBlanks(text).toUpper();
 }
 
 QString hhmmOf(const QString& ttime) {

@@ -39,6 +39,13 @@ QDateTime qsoDateTime(const LogRow& r);
 // Equal times keep their given order.
 QList<LogRow> inTimeOrder(const QList<LogRow>& rows);
 
+// Free text as the exports write it: Latin ASCII, runs of blanks made one, none at the ends.
+QString asciiText(const QString& text);
+// The same without any blank (bands, numbers, file names).
+QString asciiNoBlanks(const QString& text);
+// A call sign as the exports write it: Latin ASCII, no blanks, upper case.
+QString asciiCall(const QString& text);
+
 // "HHMM" of a stored "hh:mm" (or "hh:mm:ss", or already "HHMM") time; empty when it is none.
 QString hhmmOf(const QString& ttime);
 
