@@ -6,6 +6,7 @@
 #include "mainwindow.h"
 #include "qtui.h"
 #include "reports/exportcommand.h"
+#include "station/settings.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -45,7 +46,9 @@ int main(int argc, char** argv) {
     ports.removeAll(QString());
     hfc::SerialKeyPort keyPort(ports.isEmpty() ? hfc::SerialKeyPort::defaultDevices() : ports);
     env.port = &keyPort;
-    QSettings settings(QStringLiteral("hfcontest"), QStringLiteral("hfcontest"));
+    QSettings settings(hfc::StationSettings::defaultPath(), QSettings::IniFormat);
+    hfc::StationSettings station = hfc::StationSettings::load(settings);
+    env.settings = &station;
     hfc::ContestForm form(env);
     form.Form_Load();
     // The operator's own F4, F7 and F9 messages are kept between runs, as any contest keyer does;

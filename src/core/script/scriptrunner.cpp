@@ -6,9 +6,13 @@
 #include "keyer/keyer.h"
 #include "keyer/keyport.h"
 #include "script/scriptedui.h"
+#include "station/settings.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
+#include <QSettings>
 #include <QStringList>
+#include <QTimer>
 
 namespace hfc {
 
@@ -19,6 +23,7 @@ struct ScriptRunner::Impl {
     ScriptedUi ui;
     FixedClock clock;
     RecordingKeyPort port;
+    StationSettings settings;
     std::unique_ptr<ContestForm> form;
     // Keys go to the window the operator is in: the one last opened or focused.
     Form* active = nullptr;
@@ -77,6 +82,11 @@ bool ScriptRunner::start(const QString& dataDir) {
     env.ui = &d->ui;
     env.clock = &d->clock;
     env.port = &d->port;
+    // The driver reads the same conf file as the program, so a test points XDG_CONFIG_HOME at
+    // its own folder to give a rig, a cluster, a keyer backend or a broker.
+    QSettings conf(StationSettings::defaultPath(), QSettings::IniFormat);
+    d->settings = StationSettings::load(conf);
+    env.settings = &d->settings;
     d->form = std::make_unique<ContestForm>(env);
     d->form->Form_Load();
     d->active = d->form.get();
@@ -193,7 +203,17 @@ bool ScriptRunner::runLine(const QString& rawLine) {
             if (w.size() != 2 || w[1] != "busy") return bad("port busy");
             d->port.setBusy(true);
         } else if (cmd == "wait") {
-            d->settle();
+            if (w.size() == 1) {
+                d->settle();
+            } else {
+                // Real time for sockets and timers (rig, cluster, network keyer, broker).
+                bool ok = false;
+                const int ms = w[1].toInt(&ok);
+                if (!ok || ms < 0 || w.size() > 2) return bad("wait [MS]");
+                QEventLoop loop;
+                QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+                loop.exec();
+            }
         } else if (cmd == "events") {
             d->settle();
             const auto events = d->port.takeEvents();

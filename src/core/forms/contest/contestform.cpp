@@ -217,6 +217,7 @@ void ContestForm::registerWindow() {
     var("bandprev", bandprev);
     var("catcmd", catcmd);
     var("owntail", owntail);
+    var("owncall", owncall);
     var("hourcount", hourcount);
     var("cwtext", cwtext);
     var("cwcode", cwcode);
@@ -326,6 +327,7 @@ void ContestForm::TXTNCALL_KeyPress(Event& e) {
     e.keyAscii = QChar(e.keyAscii).toUpper().unicode();
     if (e.keyAscii == keys::Enter && TXTNCALL->text().size() > 3) {
         const QString typed = TXTNCALL->text();
+        owncall = typed;
         if (TXTNCALL->text().size() > 4) TXTNCALL->setText(TXTNCALL->text().mid(3));
         saveOwnCall();
         resolveOwnCall(typed); // the station is the call as typed, not what the cut left

@@ -106,6 +106,7 @@ class ContestForm : public Form {
     int bandsame = 0, bandprev = -1;
     QString catcmd;
     QString owntail;
+    QString owncall; // the station's call as typed ("UA3ABC"); the box keeps its cut
     // run timers
     QDateTime bandstart, lastqso;
     int hourcount = 0;
