@@ -9,6 +9,18 @@ execute_process(COMMAND ${DRIVER} --data-dir ${WORK}/data ${SCRIPT}
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "hfcontest-script exited ${rc}: ${err}")
 endif()
+# A .then file beside the script is a second run on the same data folder: the program started
+# again, as after closing it or after a crash.
+string(REGEX REPLACE "\\.script$" ".then" THEN ${SCRIPT})
+if(EXISTS ${THEN})
+  execute_process(COMMAND ${DRIVER} --data-dir ${WORK}/data ${THEN}
+                  OUTPUT_VARIABLE out2 ERROR_VARIABLE err RESULT_VARIABLE rc
+                  WORKING_DIRECTORY ${WORK})
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "hfcontest-script (second run) exited ${rc}: ${err}")
+  endif()
+  string(APPEND out "${out2}")
+endif()
 file(READ ${EXPECTED} want)
 if(NOT out STREQUAL want)
   file(WRITE ${WORK}/actual.txt "${out}")

@@ -241,6 +241,7 @@ QWidget* MainWindow::buildScorePanel() {
     g->addWidget(binder_->make("qsotot"), 8, 1);
     g->addWidget(binder_->make("multtot"), 8, 2);
     g->addWidget(binder_->make("multtot1"), 8, 3);
+    g->addWidget(binder_->make("lblscore"), 9, 0, 1, 4);
     for (QLineEdit* e : box->findChildren<QLineEdit*>()) e->setMaximumWidth(60);
     g->addWidget(caption(QStringLiteral("Темп текущего часа  (QSO/час)")), 0, 4);
     g->addWidget(binder_->make("txtrate"), 1, 4);

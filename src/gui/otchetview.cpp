@@ -62,6 +62,10 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
     formula->addWidget(new QLabel(QStringLiteral("=")));
     formula->addWidget(binder_->make("trezult"));
     tg->addLayout(formula, 9, 0, 1, 5);
+    auto* claimed = new QHBoxLayout;
+    claimed->addWidget(binder_->make("lblclaimed"), 1);
+    claimed->addWidget(binder_->make("tclaimed"));
+    tg->addLayout(claimed, 10, 0, 1, 5);
     top->addWidget(table, 1);
     v->addLayout(top);
 

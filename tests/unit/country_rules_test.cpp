@@ -40,23 +40,32 @@ TEST(CallPrefix, SlashRules) {
     EXPECT_EQ(callPrefix("OH2/UA3ABC/P"), "OH2");
 }
 
-TEST(RussianAreas, AreaDigitAndSlashSuffixDecideEntityAndContinent) {
+TEST(RussianAreas, SlashSuffixDecidesAndOtherwiseTheCtyDatRowStands) {
     struct Case {
         const char* call;
-        const char* pref;
+        const char* pref; // as the prefix row gave it
         const char* kont;
+        const char* wantPref;
+        const char* wantKont;
     } cases[] = {
-        {"UA9ABC", "UA9", "AS"},   {"RA0AA", "UA9", "AS"},    {"UA2FAA", "UA2", "EU"},
-        {"UA3ABC", "UA", "EU"},    {"UA3ABC/9", "UA9", "AS"}, {"UA3ABC/0", "UA9", "AS"},
-        {"UA9ABC/1", "UA", "EU"},  {"UA9ABC/6", "UA", "EU"},  {"UA9ABC/2", "UA2", "EU"},
-        {"UA9ABC/5", "UA9", "AS"},                     // no rule for 5: the area digit stands
-        {"UA9ABC/P", "UA9", "AS"}, {"R9", "UA", "EU"}, // too short for the area digit
+        // no suffix: whatever the digit says, the row decides (UA9FGR is Perm, in Europe)
+        {"UA9FGR", "UA", "EU", "UA", "EU"},
+        {"RA0AA", "UA9", "AS", "UA9", "AS"},
+        {"UA2FAA", "UA2", "EU", "UA2", "EU"},
+        {"UA3ABC/9", "UA", "EU", "UA9", "AS"},
+        {"UA3ABC/0", "UA", "EU", "UA9", "AS"},
+        {"RA9AA/3", "UA9", "AS", "UA", "EU"},
+        {"UA9ABC/1", "UA9", "AS", "UA", "EU"},
+        {"UA9ABC/6", "UA9", "AS", "UA", "EU"},
+        {"UA9ABC/2", "UA9", "AS", "UA2", "EU"},
+        {"UA9ABC/5", "UA9", "AS", "UA9", "AS"}, // no rule for 5
+        {"UA9ABC/P", "UA9", "AS", "UA9", "AS"},
     };
     for (const Case& c : cases) {
-        QString pref = "UA", kont = "EU";
+        QString pref = c.pref, kont = c.kont;
         refineRussianArea(c.call, pref, kont);
-        EXPECT_EQ(pref, c.pref) << c.call;
-        EXPECT_EQ(kont, c.kont) << c.call;
+        EXPECT_EQ(pref, c.wantPref) << c.call;
+        EXPECT_EQ(kont, c.wantKont) << c.call;
     }
 }
 

@@ -19,7 +19,8 @@ TEST_F(Scoring, ByCountryAndContinent) {
         {"mnucqm"},
         {"RA3AA", "UA3BBB", "14", "001", "1"},
         {"RA3AA", "DL1ABC", "14", "001", "2"},
-        {"RA3AA", "JA1XYZ", "14", "001", "2"},
+        {"RA3AA", "JA1XYZ", "14", "001", "3"}, // Asia: another continent from UA3
+        {"UA9AA", "JA1XYZ", "14", "001", "2"},
         {"RA3AA", "W1AW", "14", "001", "3"},
         {"RA3AA", "DL1ABC/MM", "14", "001", "3"},
         {"DL1ABC", "RA3AA", "14", "001", "2"},

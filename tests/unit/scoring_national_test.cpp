@@ -38,18 +38,19 @@ TEST_F(Scoring, TheOrganisersStationsCountMost) {
         {"UR5AA", "DL1ABC", "14", "001", "2"},
         {"RA3AA", "UR5AA", "14", "XX", "Неверно"},
         {"mnuuba"},
-        {"RA3AA", "ON4AA", "14", "001ANT", "10"},
+        {"RA3AA", "ON4AA", "14", "001AN", "10"}, // serial and the province's two letters
         {"RA3AA", "DL1ABC", "14", "001", "3"},
         {"RA3AA", "W1AW", "14", "001", "1"},
         {"RA3AA", "UA3BBB", "14", "001", "1"},
-        {"RA3AA", "ON4AA", "14", "001AN", "Неверно"},
+        {"RA3AA", "ON4AA", "14", "001ANT", "Неверно"},
         {"mnuok"},
         {"RA3AA", "OK1RR", "14", "APA", "10"},
         {"RA3AA", "OM3AA", "14", "BAA", "10"}, // a Slovak district
         {"RA3AA", "DL1ABC", "14", "", "3"},    // a serial: logged with the button
         {"RA3AA", "W1AW", "14", "", "5"},
         {"RA3AA", "DL1ABC/MM", "14", "", "5"},
-        {"DL1ABC", "RA3AA", "14", "", "0"},
+        {"DL1ABC", "RA3AA", "14", "", "3"}, // a European station like any other
+        {"RA3AB", "RA3AA", "14", "", "1"},  // own country
         {"OK1RR", "OK2AA", "14", "BBN", "2"},
         {"OK1RR", "DL1ABC", "14", "", "3"},
         {"RA3AA", "OK1RR", "14", "ABC", "Неверно"},

@@ -185,7 +185,8 @@ bool tops(const Ctx& c) {
     return shape(c.ex, "[0-9]{1,4}(/[0-9]{1,5})?"); // serial, and a member's number
 }
 bool uba(const Ctx& c) {
-    return prefIs(c, "ON") ? shape(c.ex, "[0-9]{1,4}[A-Z]{3}") : serial(c);
+    // a Belgian station adds its province's two letters to the serial: "001AN"
+    return prefIs(c, "ON") ? shape(c.ex, "[0-9]{1,4}[A-Z]{2}") : serial(c);
 }
 bool iota(const Ctx& c) {
     return shape(c.ex, "[0-9]{1,4}((AF|AN|AS|EU|NA|OC|SA)[0-9]{3})?");

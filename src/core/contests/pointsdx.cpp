@@ -56,7 +56,8 @@ PointsResult cqm(const QsoFacts& q) {
     const bool russia = callIn(q, Group::Russia);
     if (ownIn(q, Group::Russia)) {
         if (russia) return points(1);
-        return points(is(q.kont, "EU") || is(q.kont, "AS") ? 2 : 3);
+        // by the own continent: Asia is another continent for a station in European Russia
+        return points(sameKont(q) ? 2 : 3);
     }
     if (sameCountry(q)) return points(1);
     if (russia || sameKont(q)) return points(2);
@@ -84,7 +85,10 @@ PointsResult es(const QsoFacts& q) {
 }
 
 PointsResult euhf(const QsoFacts& q) {
-    return points(is(q.ownKont, "EU") && is(q.kont, "EU") ? 1 : 0);
+    PointsResult r = points(is(q.ownKont, "EU") && is(q.kont, "EU") ? 1 : 0);
+    // a QSO outside Europe counts for nothing, its licence year included
+    r.clearMult = r.clearMult2 = *r.points == QLatin1String("0");
+    return r;
 }
 
 PointsResult fd(const QsoFacts& q) {
@@ -124,8 +128,7 @@ PointsResult jid(const QsoFacts& q) {
 PointsResult ok(const QsoFacts& q) {
     const auto okom = [](const QString& p) { return is(p, "OK") || is(p, "OM"); };
     const bool home = okom(q.pref);
-    PointsResult r = ruOrBy(q)                  ? points(0)
-                     : isMaritime(q.call)       ? points(5)
+    PointsResult r = isMaritime(q.call)         ? points(5)
                      : !okom(q.ownPref) && home ? points(10)
                      : sameCountry(q)           ? points(okom(q.ownPref) ? 2 : 1)
                      : sameKont(q)              ? points(3)

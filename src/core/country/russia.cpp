@@ -9,16 +9,6 @@ bool isDigit(QChar c) {
 } // namespace
 
 void refineRussianArea(const QString& call, QString& pref, QString& kont) {
-    if (call.size() > 2) {
-        const QChar area = call[2];
-        if (area == QLatin1Char('9') || area == QLatin1Char('0')) {
-            kont = QStringLiteral("AS");
-            pref = QStringLiteral("UA9");
-        } else if (area == QLatin1Char('2')) {
-            kont = QStringLiteral("EU");
-            pref = QStringLiteral("UA2");
-        }
-    }
     if (call.contains(QLatin1Char('/'))) {
         switch (call.back().unicode()) {
         case '9':

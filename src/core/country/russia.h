@@ -5,10 +5,10 @@
 
 namespace hfc {
 
-// The Russian entity and continent from the call area: third character "9"/"0" is Asiatic
-// Russia ("UA9", "AS"), "2" Kaliningrad ("UA2", "EU"); a call holding "/" is decided by its last
-// character instead ("9"/"0" -> UA9, "1"/"3"/"4"/"6" -> UA, "2" -> UA2). Other calls keep
-// pref and kont.
+// The Russian entity and continent of a call with a portable call area: a call holding "/" is
+// decided by its last character ("9"/"0" -> UA9, "1"/"3"/"4"/"6" -> UA, "2" -> UA2, so RA9AA/3
+// is European Russia). Other calls keep pref and kont as cty.dat gave them: UA9FGR is in
+// Europe by its prefix row, whatever its digit says.
 void refineRussianArea(const QString& call, QString& pref, QString& kont);
 
 // The key of tblrus for a Russian call: the call-area digit and the letter after it, taken from

@@ -3,6 +3,7 @@
 #include "contests/catalogue.h"
 #include "data/databases.h"
 #include "data/schema.h"
+#include "data/session.h"
 #include "forms/clock.h"
 #include "forms/otchet/cabrillo3boxes.h"
 #include "forms/otchet/otchetform.h"
@@ -19,10 +20,12 @@ const char* const kUsage =
     "[--category-power LOW|HIGH|QRP …] [--qtc sent|received] "
     "cabrillo|adif|log|sum|cabrillo3|adif3";
 
-// The code of the contest whose title the station data keeps (the report window stores the
-// title when it opens), else the code a log has before any contest is chosen. It matters only
-// for the heading of the .LOG listing and the score rule.
+// The contest the log was last kept in; for a log of an older version, the code of the
+// contest whose title the station data keeps (the report window stores the title when it
+// opens), else the code a log has before any contest is chosen.
 QString storedContestCode(Db& contest) {
+    const QString kept = loadSession(contest).contest;
+    if (contests::byCode(kept)) return kept;
     try {
         const QString title = contest.scalar(QStringLiteral("SELECT contest FROM tbltit LIMIT 1"));
         for (const contests::Contest& c : contests::catalogue())

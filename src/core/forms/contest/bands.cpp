@@ -49,6 +49,7 @@ void ContestForm::cmbband_Click(int index) {
     cmbband[index]->setBackcolor(LightGrey);
     bandsame = index == bandprev ? 1 : 0;
     Label1->setText(curband + QStringLiteral(" MHz"));
+    keepSession(QStringLiteral("band"), curband);
 }
 
 void ContestForm::cmbband_GotFocus(int) {
@@ -91,6 +92,7 @@ void ContestForm::cmbmod_Click() {
     lblrstr->setText(rst);
     lblrsts->setText(rst);
     rstdef = rst;
+    keepSession(QStringLiteral("mode"), cmbmod->text());
     // The championship's exchange depends on the mode: set it up again.
     if (contestcode == QLatin1String("chemp")) fire(QStringLiteral("mnuchemp_Click"));
     setFocus(txtcall);

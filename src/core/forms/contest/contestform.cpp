@@ -29,6 +29,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerQtc();
     registerMaintenance();
     registerWindows();
+    registerSession();
 }
 
 Db& ContestForm::logDb() {
@@ -253,6 +254,7 @@ void ContestForm::Form_Load() {
         tcont->setText(tit[0][1]);
     }
     resolveOwnCall();
+    restoreSession();
     Timer1_Timer();
     setFocus(txtcall);
 }
@@ -331,6 +333,14 @@ void ContestForm::TXTNCALL_KeyPress(Event& e) {
         if (TXTNCALL->text().size() > 4) TXTNCALL->setText(TXTNCALL->text().mid(3));
         saveOwnCall();
         resolveOwnCall(typed); // the station is the call as typed, not what the cut left
+        keepSession(QStringLiteral("owncall"), owncall);
+        // the log's points follow the station they were made from
+        try {
+            if (recomputeOwnPoints()) recount();
+        } catch (const DbError& e) {
+            msgbox(QStringLiteral("Очки журнала не пересчитаны: %1").arg(dbErrorReason(e)),
+                   QStringLiteral("Журнал"));
+        }
         setFocus(txtcall);
     }
 }

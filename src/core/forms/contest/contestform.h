@@ -138,7 +138,8 @@ class ContestForm : public Form {
     void CMBEXIT_Click();
     void saveOwnCall();
     // selection.cpp
-    void selectContest(const QString& menuItem);
+    // keptExch: the own exchange kept with the log, taken instead of asking again
+    void selectContest(const QString& menuItem, const QString* keptExch = nullptr);
     void clearmwid();
     // The 43 contest menu items in menu order; each has extra("parent"): "cmbadd1" or "mnudal".
     std::vector<Control*> contestMenu;
@@ -258,6 +259,16 @@ class ContestForm : public Form {
     bool clearLog();           // mnudelet_Click's work; false when no backup could be made
     bool backupLog();          // a dated copy of dbcontest before log rows are deleted
     bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
+    // session.cpp: the log's own call, contest, exchange, band and mode kept and restored; the
+    // stored points recomputed for a new own call; the claimed score of lblscore
+    void restoreSession();
+    void keepSession(const QString& key, const QString& value);
+    QHash<QString, QString> sessionKept; // what the log database holds, to skip same writes
+    bool recomputeOwnPoints(); // true when a stored point changed
+    void showClaimedScore();
+    Control* lblscore = nullptr;
+    struct ClaimState;
+    std::shared_ptr<ClaimState> claim_; // session.cpp
     // windows.cpp
     void mnupol_Click();
     void cmbotchet_Click();
@@ -287,6 +298,7 @@ class ContestForm : public Form {
     void registerQtc();
     void registerMaintenance();
     void registerWindows();
+    void registerSession();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
     Keyer* ensureKeyer();

@@ -94,6 +94,11 @@ void ContestForm::STRAN() {
         RUS();
     callitu = padZone(callitu);
     callcq = padZone(callcq);
+    // Maritime and aeronautical mobiles are in no country: they count for their zone only.
+    if (call.endsWith(QLatin1String("/MM")) || call.endsWith(QLatin1String("/AM"))) {
+        callpref.clear();
+        callstrana.clear();
+    }
 }
 
 void ContestForm::RUS() {

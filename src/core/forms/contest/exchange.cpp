@@ -1,5 +1,6 @@
 // The received-exchange box: its character set, its preparation for the call, its Enter and
 // the check of what was received.
+#include "contests/claimedscore.h"
 #include "contests/exchangecheck.h"
 #include "data/databases.h"
 #include "forms/contest/contestform.h"
@@ -110,6 +111,9 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     if (txtrstr->text().isEmpty()) return; // nothing to log yet
     if (!checkExchange()) return;          // corrected or confirmed by the next Enter
     if (contestcode == QLatin1String("raem")) raemscore();
+    // A zone is a number: "5" is the zone "05" already worked, and is logged as "05".
+    if (contests::hasNumericExchange(contestcode))
+        txtrstr->setText(contests::numericExchange(txtrstr->text()));
     if (countsExchange()) {
         pscand = txtrstr->text();
         pscheck();

@@ -95,6 +95,7 @@ void ContestForm::recount() {
         const QString points = sumText(t.points());
         multtot->setText(points.isEmpty() ? QStringLiteral("0") : points);
     }
+    showClaimedScore();
 }
 
 } // namespace hfc

@@ -27,7 +27,7 @@ void ContestForm::registerSelection() {
     var("bandmult", bandmult);
 }
 
-void ContestForm::selectContest(const QString& menuItem) {
+void ContestForm::selectContest(const QString& menuItem, const QString* keptExch) {
     const contests::Contest* c = contests::byMenuItem(menuItem);
     if (!c) return;
     const QString code = QLatin1String(c->code);
@@ -49,7 +49,10 @@ void ContestForm::selectContest(const QString& menuItem) {
     }
 
     // Asked before the restart: the serial box shows the fixed exchange at once.
-    if (c->prompt) myexch = inputbox(utf8(c->prompt), utf8(c->promptTitle));
+    if (c->prompt)
+        myexch = keptExch ? *keptExch : inputbox(utf8(c->prompt), utf8(c->promptTitle));
+    keepSession(QStringLiteral("contest"), code);
+    keepSession(QStringLiteral("myexch"), myexch);
 
     if (contests::runsRestart(c->calls)) {
         nextserial();

@@ -2,7 +2,9 @@
 
 #include "data/databases.h"
 #include "data/schema.h"
+#include "data/session.h"
 #include "forms/otchet/boundrow.h"
+#include "reports/claimedlog.h"
 #include "reports/scoring.h"
 
 #include <QDir>
@@ -63,6 +65,8 @@ void OtchetForm::createControls() {
     lblrez3 = add("lblrez3", K::Label, ") X");
     Text1 = add("Text1", K::TextBox, "0");
     Text4 = add("Text4", K::TextBox);
+    lblclaimed = add("lblclaimed", K::Label, "По правилам организатора:");
+    tclaimed = add("tclaimed", K::TextBox, "0");
 
     Frame2 = add("Frame2", K::Frame, "Куда будут сохранятся файлы");
     Dir1 = add("Dir1", K::DirList);
@@ -159,12 +163,12 @@ void OtchetForm::recount() {
     for (int i = 0; i < CountedRows; ++i) bands << lblb[i]->text();
     try {
         // A call stored as a single double quote is a placeholder, not a QSO; the multiplier
-        // marks and points of every row count.
+        // marks and points of the chosen contest's rows count, whatever else the folder holds.
         const Rows rows = env().db->contest.query(
             QStringLiteral("SELECT bband, sum(ccall <> ?7), sum(length(mult) > 0), "
                            "sum(length(ps) > 0), sum(point) FROM tbllog "
-                           "WHERE bband IN (?1, ?2, ?3, ?4, ?5, ?6) GROUP BY bband"),
-            QStringList(bands) << kPlaceholderCall);
+                           "WHERE bband IN (?1, ?2, ?3, ?4, ?5, ?6) AND ps2 = ?8 GROUP BY bband"),
+            QStringList(bands) << kPlaceholderCall << contestcode);
         for (const QStringList& r : rows) byBand.insert(r[0], {r[1], r[2], r[3], r[4]});
     } catch (const DbError&) {
         // Counts stay "0": the window still opens.
@@ -193,6 +197,24 @@ void OtchetForm::recount() {
     Text1->setText(tptot->text());
     score_->store();
     score_->hold(false);
+    showClaimedScore();
+}
+
+QString OtchetForm::ownCall() const {
+    const QString full = loadSession(env().db->contest).owncall;
+    return full.isEmpty() ? tcall->text() : full;
+}
+
+void OtchetForm::showClaimedScore() {
+    try {
+        const Session s = loadSession(env().db->contest);
+        const contests::ClaimedScore c =
+            claimedScoreOfLog(*env().db, contestcode, ownCall(), s.myexch);
+        tclaimed->setText(num(c.total));
+        lblclaimed->setText(QStringLiteral("По правилам организатора: ") + c.breakdown);
+    } catch (const DbError&) {
+        tclaimed->setText(QStringLiteral("0"));
+    }
 }
 
 // First and last date of the log in report order; an empty log leaves the box as it was.

@@ -33,6 +33,8 @@ class OtchetForm : public Form {
     Control *lq, *ld, *lz, *lp, *Label17;
     Control *lblrez1, *Text3, *lblrez2, *Text2, *lblrez3, *Text1; // "Rezult. =(" m1 + m2 ") X" p
     Control* Text4;                                               // date range of the log
+    // the claimed score by the sponsor's current rules, beside the table's figure
+    Control *lblclaimed, *tclaimed;
     Control *Frame2, *Dir1, *txtput;                              // output folder
     Control *Ccabrila, *cmbAdif, *cmbreport, *cmbtit, *Command1;
     Control* lblstatus; // whether the last file was written, and where
@@ -80,6 +82,9 @@ class OtchetForm : public Form {
     void checkLog(); // reads the log
     void checkLog(const QList<LogRow>& rowsInEntryOrder);
     Cabrillo3Header cabrillo3Header(const QList<LogRow>& rows);
+    // The station's full call kept with the log; the station box's call for a log without one.
+    QString ownCall() const;
+    void showClaimedScore();
 
     std::function<QString()> currentContest_;
     BoundRow* station_ = nullptr; // tbltit

@@ -1,9 +1,11 @@
 // The standard exports of the report window: Cabrillo 3.0 for the sponsors' log robots and
 // ADIF 3.1 for other loggers, the category boxes of the Cabrillo header and the list of what a
 // robot would reject or flag. The list only informs: both files can be written whatever it says.
+#include "contests/claimedscore.h"
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/otchet/cabrillo3boxes.h"
+#include "data/session.h"
 #include "forms/otchet/otchetform.h"
 #include "reports/reportfiles.h"
 #include "reports/standard/adif3.h"
@@ -71,6 +73,8 @@ void OtchetForm::checkLog() {
 void OtchetForm::checkLog(const QList<LogRow>& rowsInEntryOrder) {
     QStringList items;
     for (const LintIssue& issue : lintLog(rowsInEntryOrder)) items << issue.message;
+    const QString limits = contests::claimLimits(contestcode);
+    if (!limits.isEmpty()) items << limits;
     try {
         for (const LintIssue& issue : lintQtcs(qtcTableRows(env().db->contest)))
             items << issue.message;
@@ -84,6 +88,11 @@ void OtchetForm::checkLog(const QList<LogRow>& rowsInEntryOrder) {
 // window shows what the file says.
 Cabrillo3Header OtchetForm::cabrillo3Header(const QList<LogRow>& rows) {
     Cabrillo3Header h = cabrillo3Defaults(stationBoxes(), contestcode, rows);
+    // The robots check the sponsor's score and the station's full call, not the cut the
+    // station box keeps.
+    h.callsign = ownCall();
+    h.operators = h.callsign;
+    h.claimedScore = tclaimed->text();
     const QString defaultMode = h.categoryMode;
     for (const Cabrillo3Box& box : kCabrillo3Boxes) {
         Control* c = control(QLatin1String(box.control));
@@ -102,7 +111,7 @@ Cabrillo3Header OtchetForm::cabrillo3Header(const QList<LogRow>& rows) {
 
 void OtchetForm::cmbcab3_Click() {
     checkLog();
-    writeReport(standardExportFileName(tcall->text(), QStringLiteral("log")), [this] {
+    writeReport(standardExportFileName(ownCall(), QStringLiteral("log")), [this] {
         Db& db = env().db->contest;
         const QList<LogRow> rows = logInReportOrder(db);
         return cabrillo3File(cabrillo3Header(rows), contestcode, rows, qtcTableRows(db));
@@ -112,9 +121,12 @@ void OtchetForm::cmbcab3_Click() {
 // The whole logbook, every contest of it.
 void OtchetForm::cmbadif3_Click() {
     checkLog();
-    writeReport(standardExportFileName(tcall->text(), QStringLiteral("adi")), [this] {
+    writeReport(standardExportFileName(ownCall(), QStringLiteral("adi")), [this] {
         Adif3Options options;
-        options.stationCallsign = tcall->text();
+        options.stationCallsign = ownCall();
+        // the operator is named only where the log keeps the station's full call
+        if (!loadSession(env().db->contest).owncall.isEmpty())
+            options.operatorCall = options.stationCallsign;
         options.createdUtc = env().clock ? env().clock->utcNow() : QDateTime::currentDateTimeUtc();
         return adif3File(options, logInReportOrder(env().db->contest));
     });

@@ -95,6 +95,7 @@ QString record(const Adif3Options& options, const LogRow& r) {
     rec.field("SRX_STRING", rcvd.exchange);
     rec.field("CONTEST_ID", adifContestId(r.ps2, mode));
     rec.field("STATION_CALLSIGN", asciiCall(options.stationCallsign));
+    rec.field("OPERATOR", asciiCall(options.operatorCall));
     return rec.text() + QStringLiteral(" <EOR>");
 }
 

@@ -17,6 +17,7 @@ inline constexpr char kAdifVersion[] = "3.1.4";
 
 struct Adif3Options {
     QString stationCallsign; // STATION_CALLSIGN of every record; empty leaves it out
+    QString operatorCall;    // OPERATOR of every record; empty leaves it out
     QDateTime createdUtc;    // CREATED_TIMESTAMP and the header line
     QString programVersion = QLatin1String(kProgramVersion);
 };

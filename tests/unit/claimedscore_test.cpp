@@ -1,0 +1,290 @@
+// The claimed score by the sponsors' rules: the rule families on rows as real calls resolve,
+// every contest of the menu known, and a CQ WW log typed through the entry line against a count
+// by hand.
+#include "contests/catalogue.h"
+#include "contests/claimedscore.h"
+#include "data/session.h"
+#include "entryfixture.h"
+#include "reports/claimedlog.h"
+
+namespace hfc::test {
+
+using contests::ClaimedScore;
+using contests::ScoreRow;
+using contests::ScoreStation;
+
+namespace {
+
+// A worked station: call, band, received exchange, stored points, entity, continent.
+ScoreRow row(const char* call, const char* band, const char* ex, qint64 points, const char* pref,
+             const char* kont, const char* prefix = "", const char* mode = "CW") {
+    ScoreRow r;
+    r.call = call;
+    r.band = band;
+    r.exchange = ex;
+    r.points = points;
+    r.pref = pref;
+    r.kont = kont;
+    r.prefix = prefix;
+    r.mode = mode;
+    return r;
+}
+
+ScoreStation ua3() {
+    ScoreStation s;
+    s.call = "UA3ABC";
+    s.pref = "UA";
+    s.kont = "EU";
+    return s;
+}
+
+} // namespace
+
+TEST(ClaimedScore, ZonesAndCountriesPerBandCountTheOwnCountryAndMaritimeMobilesByZoneOnly) {
+    const ClaimedScore s = contests::claimedScore(
+        "cqww",
+        {
+            row("DL1ABC", "14", "14", 1, "DL", "EU"),
+            row("UA3XYZ", "14", "16", 0, "UA", "EU"),   // 0 points, still a zone and a country
+            row("DL2ABC", "14", "14", 1, "DL", "EU"),   // nothing new
+            row("W1AW", "14", "5", 3, "K", "NA"),       // zone "5" ...
+            row("W2XX", "14", "05", 3, "K", "NA"),      // ... is "05": nothing new
+            row("DL1ABC/MM", "14", "33", 1, "", "EU"),  // zone 33, no country
+            row("DL1ABC", "7", "14", 1, "DL", "EU"),    // a new band: both again
+            row("DL1ABC", "7", "14", 0, "DL", "EU", "", "DUPE"),
+        },
+        ua3());
+    EXPECT_EQ(s.qsos, 7);
+    EXPECT_EQ(s.points, 10);
+    // 14: zones 14 16 05 33, countries DL UA K; 7: zone 14, DL
+    EXPECT_EQ(s.mults, 9);
+    EXPECT_EQ(s.total, 90);
+    EXPECT_EQ(s.breakdown, "10 оч. × 9 мн. = 90");
+}
+
+TEST(ClaimedScore, PrefixesCountOncePerContestInWpxAndPerBandWhereTheSponsorSaysSo) {
+    const std::vector<ScoreRow> rows = {
+        row("DL1ABC", "14", "001", 1, "DL", "EU", "DL1"),
+        row("DL1XYZ", "7", "002", 2, "DL", "EU", "DL1"),
+        row("JA1XYZ", "7", "003", 6, "JA", "AS", "JA1"),
+    };
+    EXPECT_EQ(contests::claimedScore("wpx", rows, ua3()).total, 9 * 2);
+    // VK/ZL: prefixes per band, and a QSO outside Oceania (0 points) brings none
+    std::vector<ScoreRow> oc = {row("VK2ABC", "14", "001", 1, "VK", "OC", "VK2"),
+                                row("VK2XYZ", "21", "002", 2, "VK", "OC", "VK2"),
+                                row("DL1ABC", "21", "003", 0, "DL", "EU", "DL1")};
+    EXPECT_EQ(contests::claimedScore("vkzl", oc, ua3()).total, 3 * 2);
+}
+
+TEST(ClaimedScore, BandAndModeScopesKeepCwAndPhoneApart) {
+    const std::vector<ScoreRow> rows = {
+        row("DL1ABC", "14", "28", 3, "DL", "EU", "DL1", "CW"),
+        row("DL1ABC", "14", "28", 3, "DL", "EU", "DL1", "SSB"),
+        row("DA0HQ", "14", "DARC", 1, "DL", "EU", "DA0", "SSB"),
+    };
+    // IARU: zone 28 on CW and on SSB, the society once
+    EXPECT_EQ(contests::claimedScore("iaru", rows, ua3()).total, 7 * 3);
+    // ARRL 10 m: per mode only, whatever the band
+    const std::vector<ScoreRow> ten = {
+        row("K1ABC", "28", "MA", 4, "K", "NA", "K1", "CW"),
+        row("K1XYZ", "28", "MA", 2, "K", "NA", "K1", "SSB"),
+        row("DL1ABC", "28", "001", 4, "DL", "EU", "DL1", "CW"),
+    };
+    EXPECT_EQ(contests::claimedScore("arrl10", ten, ua3()).total, 10 * 3);
+}
+
+TEST(ClaimedScore, WaeWeighsBandsCountsCallAreasApartAndAddsQtcs) {
+    ScoreStation st = ua3();
+    st.qtcs = 10;
+    const std::vector<ScoreRow> rows = {
+        row("W1AW", "3,5", "001", 1, "K", "NA", "W1"),
+        row("K1ABC", "3,5", "002", 1, "K", "NA", "K1"), // W1 again
+        row("K3ABC/1", "3,5", "003", 1, "K", "NA", "K1"),
+        row("W6XX", "3,5", "004", 1, "K", "NA", "W6"), // another area
+        row("JA1XYZ", "7", "005", 1, "JA", "AS", "JA1"),
+        row("UA0AA", "14", "006", 1, "UA9", "AS", "UA0"),
+        row("UA9AA", "14", "007", 1, "UA9", "AS", "UA9"), // RA9 and RA0 are two
+        row("DL1ABC", "14", "008", 0, "DL", "EU", "DL1"), // Europe: nothing
+    };
+    const ClaimedScore s = contests::claimedScore("wae", rows, st);
+    // 80 m: W1 W6 ×4 = 8; 40 m: JA1 ×3 = 3; 20 m: UA0 UA9 ×2 = 4
+    EXPECT_EQ(s.mults, 15);
+    EXPECT_EQ(s.points, 7 + 10);
+    EXPECT_EQ(s.total, 17 * 15);
+}
+
+TEST(ClaimedScore, HomeCountriesCountByProvinceNotAsCountries) {
+    const std::vector<ScoreRow> ari = {
+        row("I1ABC", "14", "TO", 10, "I", "EU", "I1"),
+        row("IS0ABC", "14", "CA", 10, "IS", "EU", "IS0"),
+        row("DL1ABC", "14", "001", 1, "DL", "EU", "DL1"),
+        row("UA3XYZ", "14", "002", 0, "UA", "EU", "UA3"), // own country: a multiplier
+    };
+    // provinces TO CA, countries DL UA
+    EXPECT_EQ(contests::claimedScore("ari", ari, ua3()).total, 21 * 4);
+    const std::vector<ScoreRow> ha = {
+        row("HA1ABC", "14", "GY", 10, "HA", "EU", "HA1"),
+        row("DL1ABC", "14", "001", 2, "DL", "EU", "DL1"),
+    };
+    EXPECT_EQ(contests::claimedScore("HA", ha, ua3()).total, 12 * 2);
+}
+
+TEST(ClaimedScore, UbaByTheSponsorsListRussiaAndBelarusScoreNothing) {
+    const std::vector<ScoreRow> rows = {
+        row("ON4ABC", "14", "001AN", 10, "ON", "EU", "ON4"),
+        row("ON5XYZ", "14", "002AN", 10, "ON", "EU", "ON5"), // province again, prefix new
+        row("S51A", "14", "003", 1, "S5", "EU", "S51"),      // a member the old list lacked
+        row("G3ABC", "14", "004", 3, "G", "EU", "G3"),       // not a member now
+        row("UA3XYZ", "14", "005", 1, "UA", "EU", "UA3"),
+    };
+    const ClaimedScore s = contests::claimedScore("uba", rows, ua3());
+    EXPECT_EQ(s.points, 10 + 10 + 3 + 1 + 0);
+    // AN, ON4, ON5, S5
+    EXPECT_EQ(s.mults, 4);
+}
+
+TEST(ClaimedScore, OtherFormulas) {
+    // PACC: QSOs × provinces; a QSO outside the Netherlands brings no province
+    EXPECT_EQ(contests::claimedScore("pacc",
+                                     {row("PA3ABC", "14", "NH", 1, "PA", "EU"),
+                                      row("PA3XYZ", "7", "NH", 1, "PA", "EU"),
+                                      row("DL1ABC", "7", "001", 0, "DL", "EU")},
+                                     ua3())
+                  .total,
+              2 * 2);
+    // RSGB: points plus bonuses
+    ScoreRow g = row("G3ABC", "1,8", "001KT", 2, "G", "EU");
+    g.points2 = 10;
+    EXPECT_EQ(contests::claimedScore("rsgb", {g}, ua3()).total, 12);
+    // RAEM: ×1.1 inside the polar circle only
+    ScoreRow r = row("UA1ABC", "14", "00159N30O", 60, "UA", "EU");
+    r.points2 = 100;
+    ScoreStation north = ua3();
+    north.myexch = "67N33O";
+    EXPECT_EQ(contests::claimedScore("raem", {r}, north).total, 176);
+    north.myexch = "55N37O";
+    EXPECT_EQ(contests::claimedScore("raem", {r}, north).total, 160);
+    // Championship: oblasts once in the whole contest
+    ScoreRow a = row("RA3AA", "7", "1", 11, "UA", "EU"), b = row("RA3AB", "3,5", "1", 11, "UA", "EU");
+    a.oblast = b.oblast = "MA";
+    ScoreRow c = row("RA9FA", "7", "2", 12, "UA", "EU");
+    c.oblast = "PM";
+    EXPECT_EQ(contests::claimedScore("chemp", {a, b, c}, ua3()).total, 34 * 2);
+}
+
+TEST(ClaimedScore, EveryContestOfTheMenuHasItsSponsorsRules) {
+    ScoreRow area = row("DL1ABC", "14", "KO85", 2, "DL", "EU", "DL1");
+    ScoreRow zone = row("DL2ABC", "14", "15", 2, "DL", "EU", "DL2");
+    ScoreRow member = row("DL3ABC", "14", "001/1234", 2, "DL", "EU", "DL3");
+    area.oblast = "MA";
+    area.mult = "DL1";
+    for (const contests::Contest& c : contests::catalogue()) {
+        ScoreStation st = ua3();
+        st.myexch = "55N37O";
+        const ClaimedScore s = contests::claimedScore(c.code, {area, zone, member}, st);
+        EXPECT_EQ(s.qsos, 3) << c.code;
+        EXPECT_GT(s.total, 0) << c.code;
+    }
+    EXPECT_EQ(contests::claimedScore("nosuch", {area}, ua3()).total, 0);
+}
+
+TEST(ClaimedScore, NumericExchangesAreNumbers) {
+    EXPECT_EQ(contests::numericExchange("5"), "05");
+    EXPECT_EQ(contests::numericExchange("005"), "05");
+    EXPECT_EQ(contests::numericExchange("28"), "28");
+    EXPECT_EQ(contests::numericExchange("NY"), "NY");
+    EXPECT_EQ(contests::numericExchange(""), "");
+    EXPECT_TRUE(contests::hasNumericExchange("cqww"));
+    EXPECT_FALSE(contests::hasNumericExchange("wpx")); // a serial keeps its zeros
+}
+
+// A CQ WW CW log on 40, 20 and 15 m typed as an operator would, from UA3ABC (zone 16).
+struct CqwwLog : EntryFixture {
+    void qso(const char* band, const char* call, const char* zone = nullptr) {
+        static const QStringList bands = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
+        if (form->curband != band) form->cmbband_Click(int(bands.indexOf(band)));
+        typeCall(call);
+        form->typeText("\r");
+        if (zone) form->typeText(zone);
+        form->typeText("\r");
+    }
+};
+
+TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
+    form->setFocus("TXTNCALL");
+    form->TXTNCALL->setText("");
+    form->typeText("UA3ABC\r");
+    ui.queueInput("16");
+    form->fire("mnucqww_Click");
+    // 40 m
+    qso("7", "DL1ABC");     // 1  z14 DL
+    qso("7", "F5ABC");      // 1  -   F
+    qso("7", "UA3XYZ");     // 0  z16 UA
+    qso("7", "UA9FGR");     // 0  z17 (Perm: European Russia, no new country)
+    qso("7", "W1AW");       // 3  z05 K
+    qso("7", "JA1XYZ");     // 3  z25 JA
+    qso("7", "DL1ABC");     // dupe
+    qso("7", "9A1AA");      // 1  z15 9A
+    qso("7", "UA0AA");      // 3  z18 UA9
+    // 20 m
+    qso("14", "DL1ABC");    // 1  z14 DL
+    qso("14", "K1ABC");     // 3  z05 K
+    qso("14", "VK2ABC");    // 3  z30 VK
+    qso("14", "UA3XYZ");    // 0  z16 UA
+    qso("14", "OH2XX");     // 1  z15 OH
+    qso("14", "ZS6XX");     // 3  z38 ZS
+    qso("14", "W2XX", "5"); // 3  "5" is zone 05: nothing new
+    // 15 m
+    qso("21", "PY2XX");     // 3  z11 PY
+    qso("21", "W6XX");      // 3  z03 K
+    qso("21", "JA1XYZ");    // 3  z25 JA
+    qso("21", "DL1ABC/MM", "33"); // 1  z33, no country
+    // points 12 + 14 + 10 = 36; zones 7 + 6 + 4 = 17; countries 7 + 6 + 3 = 16
+    EXPECT_EQ(db.contest.count("SELECT rowid FROM tbllog WHERE rstr2 = '05'"), 3);
+    const ClaimedScore s = claimedScoreOfLog(db, "cqww", "UA3ABC", "16");
+    EXPECT_EQ(s.qsos, 19);
+    EXPECT_EQ(s.points, 36);
+    EXPECT_EQ(s.mults, 33);
+    EXPECT_EQ(s.total, 1188);
+    EXPECT_EQ(text("lblscore"), "Заявка: 36 оч. × 33 мн. = 1188");
+}
+
+TEST_F(CqwwLog, ANewOwnCallRescoresTheLog) {
+    ui.queueInput("16");
+    form->fire("mnucqww_Click");
+    form->setFocus("TXTNCALL");
+    form->TXTNCALL->setText("");
+    form->typeText("DL1XX\r");
+    qso("14", "DL1ABC"); // the entry line's table: 1 within Europe
+    qso("14", "UA3XYZ"); // 1
+    EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),
+              QStringList({"1", "1"}));
+    form->setFocus("TXTNCALL");
+    form->TXTNCALL->setText("");
+    form->typeText("UA3ABC\r");
+    EXPECT_EQ(form->owncall, "UA3ABC");
+    EXPECT_EQ(loadSession(db.contest).owncall, "UA3ABC");
+    EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),
+              QStringList({"1", "0"}));
+}
+
+TEST_F(CqwwLog, CountriesComeFromCtyDatAlone) {
+    form->setFocus("TXTNCALL");
+    form->TXTNCALL->setText("");
+    form->typeText("UA3ABC\r");
+    ui.queueInput("16");
+    form->fire("mnucqww_Click");
+    resolve("UA9FGR"); // Perm by its prefix row
+    EXPECT_EQ(form->callpref, "UA");
+    EXPECT_EQ(form->callkont, "EU");
+    EXPECT_EQ(text("txtpoint"), "0");
+    resolve("RA9AA/3"); // a portable area still decides
+    EXPECT_EQ(form->callkont, "EU");
+    resolve("UA0AA");
+    EXPECT_EQ(form->callpref, "UA9");
+    resolve("DL1ABC/MM");
+    EXPECT_EQ(form->callpref, "");
+    EXPECT_EQ(text("txtmult"), "");
+}
+
+} // namespace hfc::test
