@@ -29,7 +29,8 @@ TEST_F(CountryTest, RealCallsResolveToTheLongestMatchingRowAndRussianDistricts) 
         {"TA1AD/0", "TA", "AS", "20", "39", "ASIATIC TURKEY"}, // an exact-call row with "/"
         // Russia: the entity from the area, the zones from the district
         {"UA3ABC", "UA", "EU", "16", "29", "RUSSIAN"},
-        {"RA9XAA", "UA9", "AS", "17", "19", "RUSSIAN"}, // Komi: district zones, not UA9's
+        {"RA9XAA", "UA", "EU", "17", "19", "RUSSIAN"}, // Komi: European by cty.dat's RA9X row
+        {"RA9AA", "UA9", "AS", "17", "30", "RUSSIAN"},  // Asiatic by the RA9 row
         {"R2FAA", "UA2", "EU", "15", "29", "RUSSIAN"},
         {"UA3ABC/9", "UA9", "AS", "16", "29", "RUSSIAN"}, // zones still from area 3
         {"UA9ABC/2", "UA2", "EU", "17", "30", "RUSSIAN"},
@@ -125,8 +126,12 @@ TEST_F(CountryTest, YuCountsOnlyYuStations) {
 TEST_F(CountryTest, OwnCallIsResolvedToo) {
     form->TXTNCALL->setText("RA9XAA");
     form->resolveOwnCall();
-    EXPECT_EQ(form->ownpref, "UA9");
-    EXPECT_EQ(form->ownkont, "AS");
+    EXPECT_EQ(form->ownpref, "UA"); // Komi: European Russia by cty.dat
+    EXPECT_EQ(form->ownkont, "EU");
     EXPECT_EQ(form->owncq, "17");
     EXPECT_EQ(form->ownitu, "19");
+    form->TXTNCALL->setText("UA0AA");
+    form->resolveOwnCall();
+    EXPECT_EQ(form->ownpref, "UA9");
+    EXPECT_EQ(form->ownkont, "AS");
 }

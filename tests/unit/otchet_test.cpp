@@ -86,6 +86,8 @@ TEST_F(OtchetTest, ContestCodesScaleMultipliersAndChooseTheScoreRule) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.code);
+        // the window counts the chosen contest's rows only
+        db.contest.run("UPDATE tbllog SET ps2 = ?1", {c.code});
         open(c.code);
         EXPECT_EQ(otchet()->contestcode, c.code);
         EXPECT_EQ(row(3), c.band14);
@@ -102,11 +104,17 @@ TEST_F(OtchetTest, EveryActivationRecountsFromTheLog) {
     otchet()->Command1_Click();
     EXPECT_FALSE(otchet()->isShown());
     addRow("DL1ABC", "28", "cqww", "DL", "14", "3");
-    addRow("DL1ABD", "28", "wpx", "", "", "abc"); // every contest of the log counts
+    addRow("DL1ABD", "28", "cqww", "", "", "abc");
+    addRow("DL1ABE", "28", "wpx", "", "", "5"); // another contest of the folder: not counted
     open();
     EXPECT_TRUE(otchet()->isShown());
     EXPECT_EQ(row(5), "2 1 1 3");
     EXPECT_EQ(totals(), "2 1 1 3 = 6");
+    // the sponsor's figure beside it: DL1ABC and DL1ABD score 1 each from UA (own continent);
+    // the rows hold no received zone, so Germany on 10 m is the one multiplier
+    EXPECT_EQ(o("tclaimed"), "2");
+    open("wpx");
+    EXPECT_EQ(totals(), "1 0 0 5 = 0");
 }
 
 TEST_F(OtchetTest, DateRangeRunsFromTheEarliestToTheLatestDateValue) {

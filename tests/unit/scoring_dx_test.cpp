@@ -72,7 +72,8 @@ TEST_F(Scoring, OneRegionWorksTheOthers) {
         {"RA3AA", "JA1XYZ", "3,5", "38", "2"},
         {"RA3AA", "JA1XYZ", "28", "00", "2"},
         {"RA3AA", "DL1ABC", "14", "38", "0"},
-        {"RA9AA", "RA9XY", "14", "38", "0"},
+        {"RA9AA", "RA9AB", "14", "38", "0"},
+        {"RA9AA", "RA9XY", "14", "38", "3"}, // Komi is in Europe by cty.dat
         {"RA9AA", "DL1ABC", "1,8", "38", "9"},
         {"RA3AA", "JA1XYZ", "14", "4", "Неверно"},
         {"mnuvkzl"},
