@@ -45,12 +45,12 @@ TEST(ClaimedScore, ZonesAndCountriesPerBandCountTheOwnCountryAndMaritimeMobilesB
         "cqww",
         {
             row("DL1ABC", "14", "14", 1, "DL", "EU"),
-            row("UA3XYZ", "14", "16", 0, "UA", "EU"),   // 0 points, still a zone and a country
-            row("DL2ABC", "14", "14", 1, "DL", "EU"),   // nothing new
-            row("W1AW", "14", "5", 3, "K", "NA"),       // zone "5" ...
-            row("W2XX", "14", "05", 3, "K", "NA"),      // ... is "05": nothing new
-            row("DL1ABC/MM", "14", "33", 1, "", "EU"),  // zone 33, no country
-            row("DL1ABC", "7", "14", 1, "DL", "EU"),    // a new band: both again
+            row("UA3XYZ", "14", "16", 0, "UA", "EU"),  // 0 points, still a zone and a country
+            row("DL2ABC", "14", "14", 1, "DL", "EU"),  // nothing new
+            row("W1AW", "14", "5", 3, "K", "NA"),      // zone "5" ...
+            row("W2XX", "14", "05", 3, "K", "NA"),     // ... is "05": nothing new
+            row("DL1ABC/MM", "14", "33", 1, "", "EU"), // zone 33, no country
+            row("DL1ABC", "7", "14", 1, "DL", "EU"),   // a new band: both again
             row("DL1ABC", "7", "14", 0, "DL", "EU", "", "DUPE"),
         },
         ua3());
@@ -165,7 +165,8 @@ TEST(ClaimedScore, OtherFormulas) {
     north.myexch = "55N37O";
     EXPECT_EQ(contests::claimedScore("raem", {r}, north).total, 160);
     // Championship: oblasts once in the whole contest
-    ScoreRow a = row("RA3AA", "7", "1", 11, "UA", "EU"), b = row("RA3AB", "3,5", "1", 11, "UA", "EU");
+    ScoreRow a = row("RA3AA", "7", "1", 11, "UA", "EU"),
+             b = row("RA3AB", "3,5", "1", 11, "UA", "EU");
     a.oblast = b.oblast = "MA";
     ScoreRow c = row("RA9FA", "7", "2", 12, "UA", "EU");
     c.oblast = "PM";
@@ -217,15 +218,15 @@ TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
     ui.queueInput("16");
     form->fire("mnucqww_Click");
     // 40 m
-    qso("7", "DL1ABC");     // 1  z14 DL
-    qso("7", "F5ABC");      // 1  -   F
-    qso("7", "UA3XYZ");     // 0  z16 UA
-    qso("7", "UA9FGR");     // 0  z17 (Perm: European Russia, no new country)
-    qso("7", "W1AW");       // 3  z05 K
-    qso("7", "JA1XYZ");     // 3  z25 JA
-    qso("7", "DL1ABC");     // dupe
-    qso("7", "9A1AA");      // 1  z15 9A
-    qso("7", "UA0AA");      // 3  z18 UA9
+    qso("7", "DL1ABC"); // 1  z14 DL
+    qso("7", "F5ABC");  // 1  -   F
+    qso("7", "UA3XYZ"); // 0  z16 UA
+    qso("7", "UA9FGR"); // 0  z17 (Perm: European Russia, no new country)
+    qso("7", "W1AW");   // 3  z05 K
+    qso("7", "JA1XYZ"); // 3  z25 JA
+    qso("7", "DL1ABC"); // dupe
+    qso("7", "9A1AA");  // 1  z15 9A
+    qso("7", "UA0AA");  // 3  z18 UA9
     // 20 m
     qso("14", "DL1ABC");    // 1  z14 DL
     qso("14", "K1ABC");     // 3  z05 K
@@ -235,9 +236,9 @@ TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
     qso("14", "ZS6XX");     // 3  z38 ZS
     qso("14", "W2XX", "5"); // 3  "5" is zone 05: nothing new
     // 15 m
-    qso("21", "PY2XX");     // 3  z11 PY
-    qso("21", "W6XX");      // 3  z03 K
-    qso("21", "JA1XYZ");    // 3  z25 JA
+    qso("21", "PY2XX");           // 3  z11 PY
+    qso("21", "W6XX");            // 3  z03 K
+    qso("21", "JA1XYZ");          // 3  z25 JA
     qso("21", "DL1ABC/MM", "33"); // 1  z33, no country
     // points 12 + 14 + 10 = 36; zones 7 + 6 + 4 = 17; countries 7 + 6 + 3 = 16
     EXPECT_EQ(db.contest.count("SELECT rowid FROM tbllog WHERE rstr2 = '05'"), 3);

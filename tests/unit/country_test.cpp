@@ -30,7 +30,7 @@ TEST_F(CountryTest, RealCallsResolveToTheLongestMatchingRowAndRussianDistricts) 
         // Russia: the entity from the area, the zones from the district
         {"UA3ABC", "UA", "EU", "16", "29", "RUSSIAN"},
         {"RA9XAA", "UA", "EU", "17", "19", "RUSSIAN"}, // Komi: European by cty.dat's RA9X row
-        {"RA9AA", "UA9", "AS", "17", "30", "RUSSIAN"},  // Asiatic by the RA9 row
+        {"RA9AA", "UA9", "AS", "17", "30", "RUSSIAN"}, // Asiatic by the RA9 row
         {"R2FAA", "UA2", "EU", "15", "29", "RUSSIAN"},
         {"UA3ABC/9", "UA9", "AS", "16", "29", "RUSSIAN"}, // zones still from area 3
         {"UA9ABC/2", "UA2", "EU", "17", "30", "RUSSIAN"},

@@ -267,8 +267,8 @@ void ClaimedTally::add(const ScoreRow& row) {
         const QString key = keyOf(m.key, row, *s);
         if (key.isEmpty()) continue;
         const QString scope = scopeOf(m.scope, row);
-        const QString id = scope + QLatin1Char('|') + QString::number(int(m.key)) +
-                           QLatin1Char('|') + key;
+        const QString id =
+            scope + QLatin1Char('|') + QString::number(int(m.key)) + QLatin1Char('|') + key;
         if (mults_.contains(id)) continue;
         mults_.insert(id);
         weight_[row.band] += 1;
@@ -285,7 +285,8 @@ ClaimedScore ClaimedTally::result() const {
     switch (f) {
     case Formula::Product:
         r.total = r.points * r.mults;
-        r.breakdown = QStringLiteral("%1 оч. × %2 мн. = %3").arg(r.points).arg(r.mults).arg(r.total);
+        r.breakdown =
+            QStringLiteral("%1 оч. × %2 мн. = %3").arg(r.points).arg(r.mults).arg(r.total);
         break;
     case Formula::QsosByMult:
         // only the QSOs that score: with the sponsor's country
@@ -308,14 +309,12 @@ ClaimedScore ClaimedTally::result() const {
         // inside the polar circle (66° N and beyond) the sum counts 1.1-fold
         const bool polar = station_.myexch.left(2).toInt() >= 66;
         r.total = polar ? qint64(std::floor(double(sum) * 1.1 + 1e-9)) : sum;
-        r.breakdown = polar ? QStringLiteral("(%1 оч. + %2 бонус) × 1,1 = %3")
-                                  .arg(r.points)
-                                  .arg(bonus_)
-                                  .arg(r.total)
-                            : QStringLiteral("%1 оч. + %2 бонус = %3")
-                                  .arg(r.points)
-                                  .arg(bonus_)
-                                  .arg(r.total);
+        r.breakdown =
+            polar ? QStringLiteral("(%1 оч. + %2 бонус) × 1,1 = %3")
+                        .arg(r.points)
+                        .arg(bonus_)
+                        .arg(r.total)
+                  : QStringLiteral("%1 оч. + %2 бонус = %3").arg(r.points).arg(bonus_).arg(r.total);
         break;
     }
     case Formula::Weighted: {

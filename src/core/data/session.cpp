@@ -8,8 +8,8 @@ namespace {
 
 // Created on first use: a log database of an older version gains the table without a new file.
 void ensureTable(Db& db) {
-    db.exec(QStringLiteral(
-        "CREATE TABLE IF NOT EXISTS tblsession (key TEXT PRIMARY KEY, value TEXT)"));
+    db.exec(
+        QStringLiteral("CREATE TABLE IF NOT EXISTS tblsession (key TEXT PRIMARY KEY, value TEXT)"));
 }
 
 } // namespace
@@ -23,11 +23,16 @@ Session loadSession(Db& db) {
         for (const QStringList& r : db.query(QStringLiteral("SELECT key, value FROM tblsession"))) {
             const QString& k = r.value(0);
             const QString v = r.value(1);
-            if (k == QLatin1String("owncall")) s.owncall = v;
-            else if (k == QLatin1String("contest")) s.contest = v;
-            else if (k == QLatin1String("myexch")) s.myexch = v;
-            else if (k == QLatin1String("band")) s.band = v;
-            else if (k == QLatin1String("mode")) s.mode = v;
+            if (k == QLatin1String("owncall"))
+                s.owncall = v;
+            else if (k == QLatin1String("contest"))
+                s.contest = v;
+            else if (k == QLatin1String("myexch"))
+                s.myexch = v;
+            else if (k == QLatin1String("band"))
+                s.band = v;
+            else if (k == QLatin1String("mode"))
+                s.mode = v;
         }
     } catch (const DbError&) {
         return {};

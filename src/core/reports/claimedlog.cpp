@@ -60,8 +60,8 @@ ResolvedCall resolveCall(Databases& db, const QString& contest, const QString& c
     return r;
 }
 
-contests::ScoreStation scoreStation(Databases& db, const QString& contest,
-                                    const QString& owncall, const QString& myexch) {
+contests::ScoreStation scoreStation(Databases& db, const QString& contest, const QString& owncall,
+                                    const QString& myexch) {
     contests::ScoreStation st;
     st.call = owncall;
     st.myexch = myexch;
@@ -76,8 +76,8 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest,
     return st;
 }
 
-std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,
-                                          qint64 afterRowid, qint64* lastRowid) {
+std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest, qint64 afterRowid,
+                                          qint64* lastRowid) {
     std::vector<contests::ScoreRow> out;
     const Rows rows = db.contest.query(
         QStringLiteral("SELECT rowid, ccall, bband, ps1, rstr1, rstr2, PRF, mult, point, point2 "

@@ -20,8 +20,8 @@ struct ResolvedCall {
 ResolvedCall resolveCall(Databases& db, const QString& contest, const QString& call);
 
 // The own station for scoring; a call no table knows counts as one in European Russia.
-contests::ScoreStation scoreStation(Databases& db, const QString& contest,
-                                    const QString& owncall, const QString& myexch);
+contests::ScoreStation scoreStation(Databases& db, const QString& contest, const QString& owncall,
+                                    const QString& myexch);
 
 // The contest's rows of tbllog in entry order, resolved, from rowid on.
 std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,

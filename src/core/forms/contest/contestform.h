@@ -264,7 +264,7 @@ class ContestForm : public Form {
     void restoreSession();
     void keepSession(const QString& key, const QString& value);
     QHash<QString, QString> sessionKept; // what the log database holds, to skip same writes
-    bool recomputeOwnPoints(); // true when a stored point changed
+    bool recomputeOwnPoints();           // true when a stored point changed
     void showClaimedScore();
     Control* lblscore = nullptr;
     struct ClaimState;

@@ -49,8 +49,7 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
     }
 
     // Asked before the restart: the serial box shows the fixed exchange at once.
-    if (c->prompt)
-        myexch = keptExch ? *keptExch : inputbox(utf8(c->prompt), utf8(c->promptTitle));
+    if (c->prompt) myexch = keptExch ? *keptExch : inputbox(utf8(c->prompt), utf8(c->promptTitle));
     keepSession(QStringLiteral("contest"), code);
     keepSession(QStringLiteral("myexch"), myexch);
 

@@ -1,12 +1,12 @@
 // The log's session: the own call, contest, own exchange, band and mode kept in the log
 // database and brought back at start; the stored points recomputed when the own call changes;
 // the claimed score of lblscore, kept up to date after each QSO.
+#include "data/session.h"
 #include "contests/catalogue.h"
 #include "contests/claimedscore.h"
 #include "contests/points.h"
 #include "data/databases.h"
 #include "data/schema.h"
-#include "data/session.h"
 #include "forms/contest/contestform.h"
 #include "reports/claimedlog.h"
 

@@ -35,7 +35,7 @@ class OtchetForm : public Form {
     Control* Text4;                                               // date range of the log
     // the claimed score by the sponsor's current rules, beside the table's figure
     Control *lblclaimed, *tclaimed;
-    Control *Frame2, *Dir1, *txtput;                              // output folder
+    Control *Frame2, *Dir1, *txtput; // output folder
     Control *Ccabrila, *cmbAdif, *cmbreport, *cmbtit, *Command1;
     Control* lblstatus; // whether the last file was written, and where
 

@@ -3,9 +3,9 @@
 // robot would reject or flag. The list only informs: both files can be written whatever it says.
 #include "contests/claimedscore.h"
 #include "data/databases.h"
+#include "data/session.h"
 #include "forms/clock.h"
 #include "forms/otchet/cabrillo3boxes.h"
-#include "data/session.h"
 #include "forms/otchet/otchetform.h"
 #include "reports/reportfiles.h"
 #include "reports/standard/adif3.h"
