@@ -77,7 +77,7 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest, const
 }
 
 std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest, qint64 afterRowid,
-                                          qint64* lastRowid) {
+                                          qint64* lastRowid, ResolvedCalls* cache) {
     std::vector<contests::ScoreRow> out;
     // By rowid, not by the contest's index: after each QSO only the rows past the last one seen
     // are read, whatever the size of the log.
@@ -85,7 +85,8 @@ std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,
         QStringLiteral("SELECT rowid, ccall, bband, ps1, rstr1, rstr2, PRF, mult, point, point2 "
                        "FROM tbllog WHERE +ps2 = ?1 AND rowid > ?2 AND ccall <> ?3 ORDER BY rowid"),
         {contest, QString::number(afterRowid), kPlaceholderCall});
-    QHash<QString, ResolvedCall> seen;
+    ResolvedCalls local;
+    ResolvedCalls& seen = cache ? *cache : local;
     out.reserve(rows.size());
     for (const QStringList& r : rows) {
         contests::ScoreRow s;

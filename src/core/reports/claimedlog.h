@@ -4,6 +4,7 @@
 // station from its full call, then the sponsor's rules of contests/claimedscore.
 #include "contests/claimedscore.h"
 
+#include <QHash>
 #include <QString>
 
 namespace hfc {
@@ -23,9 +24,14 @@ ResolvedCall resolveCall(Databases& db, const QString& contest, const QString& c
 contests::ScoreStation scoreStation(Databases& db, const QString& contest, const QString& owncall,
                                     const QString& myexch);
 
-// The contest's rows of tbllog in entry order, resolved, from rowid on.
+// Calls already resolved for one contest, kept by a caller that counts the log again.
+using ResolvedCalls = QHash<QString, ResolvedCall>;
+
+// The contest's rows of tbllog in entry order, resolved, past rowid afterRowid. cache, if given,
+// keeps the resolved calls for the next call with the same contest.
 std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,
-                                          qint64 afterRowid = 0, qint64* lastRowid = nullptr);
+                                          qint64 afterRowid = 0, qint64* lastRowid = nullptr,
+                                          ResolvedCalls* cache = nullptr);
 
 // WAE: the QTC lines of the QTC table.
 qint64 qtcCount(Databases& db);

@@ -22,6 +22,7 @@ struct ContestForm::ClaimState {
     qint64 changes = -1; // the log's change count the tally is in step with
     qint64 lastRowid = 0;
     contests::ClaimedTally tally;
+    ResolvedCalls resolved; // of contest: a count after an edit reads the log, not the tables
 };
 
 void ContestForm::registerSession() {
@@ -139,7 +140,7 @@ void ContestForm::showClaimedScore() {
         // One write since the last look, and it added a row: the QSO just logged. Anything
         // else (an edit, a clearing, a QTC) counts the log again.
         const auto added = changes == c.changes + 1
-                               ? scoreRows(dbs, contestcode, c.lastRowid, &c.lastRowid)
+                               ? scoreRows(dbs, contestcode, c.lastRowid, &c.lastRowid, &c.resolved)
                                : std::vector<contests::ScoreRow>{};
         if (added.size() == 1)
             c.tally.add(added.front());
@@ -147,13 +148,16 @@ void ContestForm::showClaimedScore() {
             fresh = true;
     }
     if (fresh) {
+        // CQ-M resolves Russian calls to its own areas: another contest, other answers
+        if (c.contest != contestcode) c.resolved.clear();
         c.contest = contestcode;
         c.owncall = owncall;
         c.lastRowid = 0;
         c.tally = contests::ClaimedTally(
             contestcode,
             scoreStation(dbs, contestcode, owncall.isEmpty() ? TXTNCALL->text() : owncall, myexch));
-        for (const contests::ScoreRow& r : scoreRows(dbs, contestcode, 0, &c.lastRowid))
+        for (const contests::ScoreRow& r :
+             scoreRows(dbs, contestcode, 0, &c.lastRowid, &c.resolved))
             c.tally.add(r);
     }
     c.changes = changes;
