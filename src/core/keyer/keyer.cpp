@@ -104,10 +104,11 @@ void Keyer::run() {
             lock.unlock();
             const Outcome outcome = play(message);
             lock.lock();
-            if (outcome == Outcome::PortError && m_onPortError) {
+            if (outcome == Outcome::PortError) {
                 const auto handler = m_onPortError;
                 lock.unlock();
-                handler();
+                if (handler) handler();
+                reportError(QStringLiteral("Порт занят"));
                 lock.lock();
             }
         } else if (m_stop) {
