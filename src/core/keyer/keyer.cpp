@@ -29,7 +29,7 @@ Keyer::Keyer(std::shared_ptr<KeyPort> port) : m_port(std::move(port)) {
 }
 
 Keyer::~Keyer() {
-    abort();
+    Keyer::abort(); // this class's own: no override can run in a destructor
     {
         std::lock_guard lock(m_mutex);
         m_stop = true;
