@@ -29,6 +29,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerQtc();
     registerMaintenance();
     registerWindows();
+    registerBandmap();
 }
 
 Db& ContestForm::logDb() {
@@ -255,6 +256,7 @@ void ContestForm::Form_Load() {
     resolveOwnCall();
     Timer1_Timer();
     setFocus(txtcall);
+    startCluster();
 }
 
 QDateTime ContestForm::utcnow() const {
