@@ -223,5 +223,35 @@ int main(int argc, char** argv) {
     }
     std::printf("spots sent %ld, in the list %zu, on 14 MHz %zu\n", feeder.sent.load(),
                 form.spots().size(), form.bandmap->rowCount());
+
+    // The window thread's own costs, free of the scheduling noise above: a line read into the
+    // list, a redraw of the map, and the rows one screen of the map reads (with their marks).
+    form.cluster()->stop();
+    QRandomGenerator lines(3);
+    std::vector<QString> text;
+    for (int i = 0; i < 30000; ++i)
+        text.push_back(
+            QStringLiteral("DX de DK9IP-#:   %1  %2   CW    24 dB  28 WPM  CQ      1200Z")
+                .arg(14000 + lines.bounded(3500) / 10.0, 0, 'f', 1)
+                .arg(randomCall(lines), -12));
+    auto t0 = Steady::now();
+    for (const QString& l : text) form.clusterLine(l);
+    const double perLine = ms(Steady::now() - t0) * 1000 / double(text.size());
+    std::vector<double> redraw, screen;
+    for (int i = 0; i < 50; ++i) {
+        form.clusterLine(text[size_t(i)] + " "); // the band changed: the map is out of date
+        form.clusterLine(
+            QStringLiteral("DX de SP5ZZZ: %1 UA%2ZZ CQ 1200Z").arg(14001 + i).arg(i % 10));
+        t0 = Steady::now();
+        form.bandmapRefresh();
+        redraw.push_back(ms(Steady::now() - t0));
+        t0 = Steady::now();
+        for (size_t r = 0; r < 40 && r < form.bandmap->rowCount(); ++r) form.bandmap->row(r);
+        screen.push_back(ms(Steady::now() - t0));
+    }
+    std::printf("with %zu spots, %zu on 14 MHz: a line %.1f us; a redraw p50 %.3f ms, max %.3f; "
+                "40 rows read p50 %.3f ms, max %.3f\n",
+                form.spots().size(), form.bandmap->rowCount(), perLine, quantile(redraw, 0.5),
+                redraw.back(), quantile(screen, 0.5), screen.back());
     return 0;
 }

@@ -314,9 +314,9 @@ QWidget* MainWindow::buildClusterPanel() {
     auto* map = qobject_cast<QTableView*>(binder_->make("bandmap"));
     map->verticalHeader()->hide();
     map->horizontalHeader()->setStretchLastSection(true);
-    const int widths[] = {70, 100, 36};
+    const int widths[] = {62, 86, 32};
     for (int col = 0; col < 3; ++col) map->setColumnWidth(col, widths[col]);
-    map->setMinimumWidth(290);
+    map->setMinimumWidth(250);
     v->addWidget(map, 3);
     v->addWidget(binder_->make("lstcluster"), 1);
     v->addWidget(binder_->make("txtcluster"));
