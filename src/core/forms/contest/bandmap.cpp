@@ -11,6 +11,7 @@
 #include "station/spotlist.h"
 
 #include <QTimer>
+#include <cmath>
 #include <deque>
 #include <memory>
 #include <sqlite3.h>
@@ -51,6 +52,15 @@ struct WorkedKey {
 WorkedKey workedKeyOf(ContestForm& f) {
     return {f.contestcode, f.curband, f.lblrsts->text(),
             sqlite3_total_changes64(f.logDb().handle())};
+}
+
+// The radio's frequency in kHz while a rig is connected, 0 when none is: the rig link keeps it
+// in the form variable rigkhz.
+double rigKHz(const ContestForm& f) {
+    if (!f.hasVar(QStringLiteral("rigkhz"))) return 0;
+    bool ok = false;
+    const double v = f.getVar(QStringLiteral("rigkhz")).toDouble(&ok);
+    return ok && v > 0 ? v : 0;
 }
 
 } // namespace
@@ -238,11 +248,19 @@ void ContestForm::bandmapRefresh() {
 void ContestForm::takeSpot(bool up) {
     BandmapLink& b = *bandmap_;
     b.spots.prune(utcnow());
-    // From the last spot taken while it is on this band; a band change starts at the end.
+    // From the radio's frequency while a rig on this band reports one, else from the last spot
+    // taken while it is on this band; a band change starts at the end. The radio still on the
+    // spot last taken is that spot, so the calls on one frequency come in turn.
     const HeardSpot* taken = b.spots.find(b.takenCall);
-    const bool fromTaken = taken && taken->band == curband;
-    const HeardSpot* s = b.spots.next(curband, fromTaken ? taken->spot.kHz : -1,
-                                      fromTaken ? taken->spot.call : QString(), up);
+    const bool takenHere = taken && taken->band == curband;
+    const double rig = rigKHz(*this);
+    const HeardSpot* s = nullptr;
+    if (rig > 0 && bandOfKHz(rig) == curband &&
+        !(takenHere && std::abs(taken->spot.kHz - rig) < 0.05))
+        s = b.spots.next(curband, rig, QString(), up);
+    else
+        s = b.spots.next(curband, takenHere ? taken->spot.kHz : -1,
+                         takenHere ? taken->spot.call : QString(), up);
     if (!s) return;
     b.takenCall = s->spot.call;
     spotkhz = formatKHz(s->spot.kHz);
