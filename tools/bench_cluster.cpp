@@ -228,6 +228,7 @@ int main(int argc, char** argv) {
     // list, a redraw of the map, and the rows one screen of the map reads (with their marks).
     form.cluster()->stop();
     QRandomGenerator lines(3);
+    static const double starts[6] = {1800, 3500, 7000, 14000, 21000, 28000};
     std::vector<QString> text;
     for (int i = 0; i < 30000; ++i)
         text.push_back(
@@ -249,9 +250,11 @@ int main(int argc, char** argv) {
         for (size_t r = 0; r < 40 && r < form.bandmap->rowCount(); ++r) form.bandmap->row(r);
         screen.push_back(ms(Steady::now() - t0));
     }
+    const double redrawP50 = quantile(redraw, 0.5), redrawMax = redraw.back();
+    const double screenP50 = quantile(screen, 0.5), screenMax = screen.back();
     std::printf("with %zu spots, %zu on 14 MHz: a line %.1f us; a redraw p50 %.3f ms, max %.3f; "
                 "40 rows read p50 %.3f ms, max %.3f\n",
-                form.spots().size(), form.bandmap->rowCount(), perLine, quantile(redraw, 0.5),
-                redraw.back(), quantile(screen, 0.5), screen.back());
+                form.spots().size(), form.bandmap->rowCount(), perLine, redrawP50, redrawMax,
+                screenP50, screenMax);
     return 0;
 }

@@ -99,13 +99,12 @@ struct SpotListTest : ::testing::Test {
     }
     QStringList band(const QString& b) {
         QStringList out;
-        for (const HeardSpot* s : list.onBand(b))
-            out << s->spot.call + "@" + formatKHz(s->spot.kHz);
+        for (const BandSpot& s : list.onBand(b)) out << s.call + "@" + formatKHz(s.kHz);
         return out;
     }
     QString next(double from, const QString& call, bool up) {
-        const HeardSpot* s = list.next("14", from, call, up);
-        return s ? s->spot.call : QString("-");
+        const BandSpot* s = list.next("14", from, call, up);
+        return s ? s->call : QString("-");
     }
 };
 
@@ -120,7 +119,7 @@ TEST_F(SpotListTest, OneSpotPerCallTheNewestWins) {
     EXPECT_EQ(band("14"), QStringList({"UA3ABC@14031.2"}));
     EXPECT_EQ(band("21"), QStringList({"DL1ABC@21005.0", "JA1XYZ@21020.0"}));
     EXPECT_EQ(list.size(), 3u);
-    EXPECT_EQ(SpotList::ageMinutes(*list.find("UA3ABC"), t0.addSecs(60 + 179)), 2);
+    EXPECT_EQ(SpotList::ageMinutes(list.find("UA3ABC")->heard, t0.addSecs(60 + 179)), 2);
 }
 
 TEST_F(SpotListTest, SpotsLeaveThirtyMinutesAfterTheyWereHeard) {
@@ -136,7 +135,7 @@ TEST_F(SpotListTest, SpotsLeaveThirtyMinutesAfterTheyWereHeard) {
     EXPECT_EQ(list.size(), 0u);
     // A clock set back shows no negative age.
     spot("UA3ABC", 14025.0, 100);
-    EXPECT_EQ(SpotList::ageMinutes(*list.find("UA3ABC"), t0), 0);
+    EXPECT_EQ(SpotList::ageMinutes(list.find("UA3ABC")->heard, t0), 0);
 }
 
 TEST_F(SpotListTest, NextSpotUpAndDownTheBand) {

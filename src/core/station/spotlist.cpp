@@ -4,27 +4,56 @@
 
 namespace hfc {
 
+namespace {
+
+bool before(const BandSpot& a, double kHz, const QString& call) {
+    return a.kHz < kHz || (a.kHz == kHz && a.call < call);
+}
+
+} // namespace
+
+void SpotList::unlist(const HeardSpot& s) {
+    ++versions_[s.band];
+    if (s.band.isEmpty()) return;
+    std::vector<BandSpot>& v = bands_[s.band];
+    auto it = std::lower_bound(v.begin(), v.end(), s, [](const BandSpot& a, const HeardSpot& h) {
+        return before(a, h.spot.kHz, h.spot.call);
+    });
+    if (it != v.end() && it->call == s.spot.call) v.erase(it);
+}
+
 void SpotList::add(const Spot& s, const QDateTime& now) {
     HeardSpot h{s, bandOfKHz(s.kHz), now.toSecsSinceEpoch()};
-    auto it = byCall_.find(s.call);
-    if (it != byCall_.end()) {
-        ++versions_[it->band];
-        *it = std::move(h);
-    } else {
-        it = byCall_.insert(s.call, std::move(h));
+    auto old = byCall_.find(s.call);
+    if (old != byCall_.end()) unlist(*old);
+    ++versions_[h.band];
+    if (!h.band.isEmpty()) {
+        std::vector<BandSpot>& v = bands_[h.band];
+        auto at =
+            std::lower_bound(v.begin(), v.end(), h, [](const BandSpot& a, const HeardSpot& x) {
+                return before(a, x.spot.kHz, x.spot.call);
+            });
+        v.insert(at, BandSpot{s.kHz, s.call, h.heard});
     }
-    ++versions_[it->band];
+    arrivals_.emplace_back(h.heard, s.call);
+    byCall_.insert(s.call, std::move(h));
 }
 
 bool SpotList::prune(const QDateTime& now) {
     const qint64 oldest = now.toSecsSinceEpoch() - LifeSeconds;
-    const qsizetype before = byCall_.size();
-    byCall_.removeIf([this, oldest](const QHash<QString, HeardSpot>::iterator& it) {
-        if (it->heard > oldest) return false;
-        ++versions_[it->band];
-        return true;
-    });
-    return byCall_.size() != before;
+    bool any = false;
+    // A clock set back leaves the order of the entries behind; the spots heard "later" then
+    // wait for the ones ahead of them, at most until those are 30 minutes old as well.
+    while (!arrivals_.empty() && arrivals_.front().first <= oldest) {
+        const auto [heard, call] = arrivals_.front();
+        arrivals_.pop_front();
+        auto it = byCall_.find(call);
+        if (it == byCall_.end() || it->heard != heard) continue; // heard again since
+        unlist(*it);
+        byCall_.erase(it);
+        any = true;
+    }
+    return any;
 }
 
 const HeardSpot* SpotList::find(const QString& call) const {
@@ -32,44 +61,36 @@ const HeardSpot* SpotList::find(const QString& call) const {
     return it == byCall_.cend() ? nullptr : &*it;
 }
 
-std::vector<const HeardSpot*> SpotList::onBand(const QString& band) const {
-    std::vector<const HeardSpot*> v;
-    if (band.isEmpty()) return v;
-    for (const HeardSpot& s : byCall_)
-        if (s.band == band) v.push_back(&s);
-    std::sort(v.begin(), v.end(), [](const HeardSpot* a, const HeardSpot* b) {
-        if (a->spot.kHz != b->spot.kHz) return a->spot.kHz < b->spot.kHz;
-        return a->spot.call < b->spot.call;
-    });
-    return v;
+const std::vector<BandSpot>& SpotList::onBand(const QString& band) const {
+    static const std::vector<BandSpot> none;
+    auto it = bands_.constFind(band);
+    return it == bands_.cend() ? none : *it;
 }
 
-const HeardSpot* SpotList::next(const QString& band, double fromKHz, const QString& fromCall,
-                                bool up) const {
-    const std::vector<const HeardSpot*> v = onBand(band);
+const BandSpot* SpotList::next(const QString& band, double fromKHz, const QString& fromCall,
+                               bool up) const {
+    const std::vector<BandSpot>& v = onBand(band);
     if (v.empty()) return nullptr;
-    if (fromKHz < 0) return up ? v.front() : v.back();
+    if (fromKHz < 0) return up ? &v.front() : &v.back();
     constexpr double same = 0.05; // spots come with a tenth of a kHz at most
-    const auto above = [&](const HeardSpot* s) {
-        if (fromCall.isEmpty()) return s->spot.kHz > fromKHz + same;
-        return s->spot.kHz > fromKHz || (s->spot.kHz == fromKHz && s->spot.call > fromCall);
+    const auto above = [&](const BandSpot& s) {
+        if (fromCall.isEmpty()) return s.kHz > fromKHz + same;
+        return s.kHz > fromKHz || (s.kHz == fromKHz && s.call > fromCall);
     };
-    const auto below = [&](const HeardSpot* s) {
-        if (fromCall.isEmpty()) return s->spot.kHz < fromKHz - same;
-        return s->spot.kHz < fromKHz || (s->spot.kHz == fromKHz && s->spot.call < fromCall);
+    const auto below = [&](const BandSpot& s) {
+        if (fromCall.isEmpty()) return s.kHz < fromKHz - same;
+        return before(s, fromKHz, fromCall);
     };
     if (up) {
-        for (const HeardSpot* s : v)
-            if (above(s)) return s;
-    } else {
-        for (auto it = v.rbegin(); it != v.rend(); ++it)
-            if (below(*it)) return *it;
+        auto it = std::find_if(v.begin(), v.end(), above);
+        return it == v.end() ? nullptr : &*it;
     }
-    return nullptr;
+    auto it = std::find_if(v.rbegin(), v.rend(), below);
+    return it == v.rend() ? nullptr : &*it;
 }
 
-qint64 SpotList::ageMinutes(const HeardSpot& s, const QDateTime& now) {
-    return std::max<qint64>(0, (now.toSecsSinceEpoch() - s.heard) / 60);
+qint64 SpotList::ageMinutes(qint64 heard, const QDateTime& now) {
+    return std::max<qint64>(0, (now.toSecsSinceEpoch() - heard) / 60);
 }
 
 } // namespace hfc

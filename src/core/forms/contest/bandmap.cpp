@@ -230,13 +230,12 @@ void ContestForm::bandmapRefresh() {
         b.shown = shown;
         // The grid holds a copy of the band's spots and makes a row only when one is read: the
         // screen reads the rows it shows, so a band of thousands of spots costs a screenful.
-        auto rows = std::make_shared<std::vector<HeardSpot>>();
-        for (const HeardSpot* s : b.spots.onBand(curband)) rows->push_back(*s);
+        auto rows = std::make_shared<const std::vector<BandSpot>>(b.spots.onBand(curband));
         bandmap->setRowSource(rows->size(), [this, rows, now](size_t i) {
-            const HeardSpot& s = (*rows)[i];
-            return QStringList{formatKHz(s.spot.kHz), s.spot.call,
-                               QString::number(SpotList::ageMinutes(s, now)),
-                               spotMark(s.spot.call)};
+            const BandSpot& s = (*rows)[i];
+            return QStringList{formatKHz(s.kHz), s.call,
+                               QString::number(SpotList::ageMinutes(s.heard, now)),
+                               spotMark(s.call)};
         });
     }
     if (b.textChanged) {
@@ -254,7 +253,7 @@ void ContestForm::takeSpot(bool up) {
     const HeardSpot* taken = b.spots.find(b.takenCall);
     const bool takenHere = taken && taken->band == curband;
     const double rig = rigKHz(*this);
-    const HeardSpot* s = nullptr;
+    const BandSpot* s = nullptr;
     if (rig > 0 && bandOfKHz(rig) == curband &&
         !(takenHere && std::abs(taken->spot.kHz - rig) < 0.05))
         s = b.spots.next(curband, rig, QString(), up);
@@ -262,16 +261,16 @@ void ContestForm::takeSpot(bool up) {
         s = b.spots.next(curband, takenHere ? taken->spot.kHz : -1,
                          takenHere ? taken->spot.call : QString(), up);
     if (!s) return;
-    b.takenCall = s->spot.call;
-    spotkhz = formatKHz(s->spot.kHz);
+    b.takenCall = s->call;
+    spotkhz = formatKHz(s->kHz);
     // A new station: the exchange typed for the one before does not belong to it.
-    txtcall->setText(s->spot.call);
+    txtcall->setText(s->call);
     txtrstr->setText(QString());
     rstrselected = false;
     confirmedBad.clear();
     setFocus(txtcall);
     wwodcall();
-    requestQsy(s->spot.kHz);
+    requestQsy(s->kHz);
 }
 
 void ContestForm::requestQsy(double kHz) {
