@@ -233,7 +233,7 @@ int main(int argc, char** argv) {
     for (int i = 0; i < 30000; ++i)
         text.push_back(
             QStringLiteral("DX de DK9IP-#:   %1  %2   CW    24 dB  28 WPM  CQ      1200Z")
-                .arg(14000 + lines.bounded(3500) / 10.0, 0, 'f', 1)
+                .arg(starts[lines.bounded(6)] + lines.bounded(800) / 10.0, 0, 'f', 1)
                 .arg(randomCall(lines), -12));
     auto t0 = Steady::now();
     for (const QString& l : text) form.clusterLine(l);
