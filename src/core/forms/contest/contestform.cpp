@@ -29,6 +29,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerQtc();
     registerMaintenance();
     registerWindows();
+    registerBandmap();
 }
 
 Db& ContestForm::logDb() {
@@ -257,6 +258,7 @@ void ContestForm::Form_Load() {
     resolveOwnCall();
     Timer1_Timer();
     setFocus(txtcall);
+    startCluster();
 }
 
 QDateTime ContestForm::utcnow() const {

@@ -16,6 +16,7 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+//   bandmap.cpp       DX cluster panel, band map, spots taken with Ctrl+arrows
 #include "data/logtally.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
@@ -29,6 +30,10 @@
 namespace hfc {
 
 class Db;
+class Keyer;
+class ClusterSession;
+class SpotList;
+class BandmapLink;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -155,6 +160,10 @@ class ContestForm : public Form {
     void multwid_Click();
     void fillList1();
     QString firstMultScope(QStringList& params) const;
+    // What a QSO on the current band would find worked already: the first multipliers in
+    // multcheck's scope, the second ones as pscheck counts them.
+    QSet<QString> workedFirstMults();
+    QSet<QString> workedSecondMults();
     // specialscoring.cpp
     void raemscore();
     void SAC();
@@ -178,6 +187,11 @@ class ContestForm : public Form {
         QString pref, kont, strana, itu, cq;
     };
     bool lookupCountry(const QString& call, CountryRow& out); // longest matching beginning
+    // Country, continent, zones and prefix of a call as the entry line takes them: the prefix
+    // table, then the Russian call areas and districts. row keeps what the table has nothing
+    // for; false when the table knows no beginning of the call.
+    bool resolveCall(const QString& call, CountryRow& row);
+    void refineRussian(const QString& call, CountryRow& row);
     bool lookupDistrict(const QString& key, QString* itu, QString* cq, QString* code);
     // points.cpp
     void qsopoints();
@@ -270,11 +284,26 @@ class ContestForm : public Form {
     void cmbotchet_Click();
     void mnudxcc_Click();
     void mnurusdx_Click();
+    // bandmap.cpp
+    Control *frcluster, *bandmap, *lblcluster, *txtcluster, *lstcluster, *mnucluster;
+    void startCluster(); // (re)starts the session with the station's settings; none: off
+    void clusterLine(const QString& line); // a spot goes to the map, anything else is text
+    void bandmapRefresh();                 // the map and the text as they are now
+    void takeSpot(bool up);                // Ctrl+Down: the next spot up in frequency
+    void txtcluster_KeyPress(Event& e);
+    void mnucluster_Click();
+    QString spotMark(const QString& call); // "повтор", "множ" or ""
+    // Asks the rig to move; the rig link connects to qsyRequested.
+    void requestQsy(double kHz);
+    ClusterSession* cluster(); // nullptr until startCluster found a host
+    SpotList& spots();
+    QString spotkhz; // the frequency of the last spot taken ("14025.0"), empty before one
 
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
     void messageQueued(const QString& text); // a message handed to the keyer (cwtext)
+    void qsyRequested(double kHz);
 
   private:
     void createControls();
@@ -295,6 +324,8 @@ class ContestForm : public Form {
     void registerQtc();
     void registerMaintenance();
     void registerWindows();
+    void registerBandmap();
+    BandmapLink* bandmap_ = nullptr; // bandmap.cpp; a child of the window
 
     // keys.cpp: the keyer is made on the first message, and again when the settings name another
     std::unique_ptr<KeyerBackend> keyer_;

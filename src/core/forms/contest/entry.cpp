@@ -60,6 +60,8 @@ void ContestForm::txtcall_KeyPress(Event& e) {
 }
 
 void ContestForm::txtcall_KeyUp(Event& e) {
+    // Ctrl with an arrow took a spot from the band map, lookups and all.
+    if (e.shift == 2 && (e.keyCode == keys::Up || e.keyCode == keys::Down)) return;
     if (txtcall->text().isEmpty()) {
         txtrstr->setText(QString());
         txtpoint->setText(QString());

@@ -60,6 +60,11 @@ void ContestForm::Form_KeyDown(Event& e) {
         if (keyer_ && (keyer_->busy() || keyerKind_ != QLatin1String("serial"))) keyer_->abort();
         return;
     }
+    // Ctrl+Down / Ctrl+Up: the next spot of the band map up / down in frequency.
+    if (e.shift == 2 && (e.keyCode == keys::Down || e.keyCode == keys::Up)) {
+        takeSpot(e.keyCode == keys::Down);
+        return;
+    }
     const bool messageKey = e.keyCode >= keys::F2 && e.keyCode <= keys::F9;
     if (e.shift != 0) {
         if (!messageKey) return;
