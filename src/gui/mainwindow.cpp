@@ -127,7 +127,8 @@ void MainWindow::buildMenus() {
     bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
     auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
-                             "mnuQTC", "mnudelet", "mnurestore", "mnuwindos", "mnuprow"})
+                             "mnuQTC", "mnudelet", "mnurestore", "mnuwindos", "mnuprow",
+                             "mnucluster"})
         service->addAction(binder_->makeAction(item, this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
@@ -156,6 +157,9 @@ void MainWindow::buildPanels() {
     splitDockWidget(mult, keyer, Qt::Horizontal);
     splitDockWidget(keyer, qtc, Qt::Horizontal);
     splitDockWidget(qtc, worked, Qt::Horizontal);
+    // The band map runs down the side: a band's spots are a tall, narrow list.
+    dock("panelCluster", QStringLiteral("DX кластер"), buildClusterPanel(), form_->frcluster,
+         Qt::RightDockWidgetArea);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
@@ -301,6 +305,25 @@ QWidget* MainWindow::buildKeyerPanel() {
     g->addWidget(binder_->make("lblports"), 8, 0, 1, 5);
     g->addWidget(binder_->make("LblPoz"), 9, 0, 1, 4);
     g->addWidget(binder_->make("lblcat"), 9, 4, 1, 4);
+    g->addWidget(new QLabel(QStringLiteral("Спасибо (Enter)")), 10, 0, 1, 2);
+    g->addWidget(binder_->make("txttu"), 10, 2, 1, 3);
+    return frame;
+}
+
+QWidget* MainWindow::buildClusterPanel() {
+    auto* frame = binder_->make("frcluster");
+    auto* v = new QVBoxLayout(frame);
+    v->setSpacing(2);
+    v->addWidget(binder_->make("lblcluster"));
+    auto* map = qobject_cast<QTableView*>(binder_->make("bandmap"));
+    map->verticalHeader()->hide();
+    map->horizontalHeader()->setStretchLastSection(true);
+    const int widths[] = {62, 86, 32};
+    for (int col = 0; col < 3; ++col) map->setColumnWidth(col, widths[col]);
+    map->setMinimumWidth(250);
+    v->addWidget(map, 3);
+    v->addWidget(binder_->make("lstcluster"), 1);
+    v->addWidget(binder_->make("txtcluster"));
     return frame;
 }
 

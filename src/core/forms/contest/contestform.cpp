@@ -30,6 +30,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerMaintenance();
     registerWindows();
     registerSession();
+    registerBandmap();
 }
 
 Db& ContestForm::logDb() {
@@ -136,6 +137,7 @@ void ContestForm::createControls() {
     LblPoz = add("LblPoz", K::Label);
     lblwpm = add("lblwpm", K::Label);
     lblports = add("lblports", K::Label);
+    txttu = add("txttu", K::TextBox, "TU");
     for (int i = 0; i < 4; ++i)
         Option1[i] = add(QStringLiteral("Option1(%1)").arg(i), K::Option,
                          QStringLiteral("COM%1").arg(i + 1));
@@ -258,6 +260,7 @@ void ContestForm::Form_Load() {
     restoreSession();
     Timer1_Timer();
     setFocus(txtcall);
+    startCluster();
 }
 
 QDateTime ContestForm::utcnow() const {

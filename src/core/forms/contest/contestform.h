@@ -16,8 +16,10 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+//   bandmap.cpp       DX cluster panel, band map, spots taken with Ctrl+arrows
 #include "data/logtally.h"
 #include "forms/form.h"
+#include "keyer/keyerbackend.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -29,6 +31,9 @@ namespace hfc {
 
 class Db;
 class Keyer;
+class ClusterSession;
+class SpotList;
+class BandmapLink;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -68,7 +73,8 @@ class ContestForm : public Form {
     Control* twid1;
     // keyer panel
     Control *frCW, *lbltest, *txtf4, *txtf7, *txtf8, *txtf9, *HScroll1, *lblNul, *LblPoz, *lblwpm;
-    Control* lblports; // the Linux devices behind the four COM choices
+    Control* lblports; // the Linux devices behind the four COM choices, or the keying device
+    Control* txttu;    // the thanks message Enter sends when Enter sends messages
     std::array<Control*, 8> TXTSCOR{};
     std::array<Control*, 4> Option1{};
     Control* lblcat; // the last frequency command emitted, as byte values
@@ -155,6 +161,10 @@ class ContestForm : public Form {
     void multwid_Click();
     void fillList1();
     QString firstMultScope(QStringList& params) const;
+    // What a QSO on the current band would find worked already: the first multipliers in
+    // multcheck's scope, the second ones as pscheck counts them.
+    QSet<QString> workedFirstMults();
+    QSet<QString> workedSecondMults();
     // specialscoring.cpp
     void raemscore();
     void SAC();
@@ -178,6 +188,11 @@ class ContestForm : public Form {
         QString pref, kont, strana, itu, cq;
     };
     bool lookupCountry(const QString& call, CountryRow& out); // longest matching beginning
+    // Country, continent, zones and prefix of a call as the entry line takes them: the prefix
+    // table, then the Russian call areas and districts. row keeps what the table has nothing
+    // for; false when the table knows no beginning of the call.
+    bool resolveCall(const QString& call, CountryRow& row);
+    void refineRussian(const QString& call, CountryRow& row);
     bool lookupDistrict(const QString& key, QString* itu, QString* cq, QString* code);
     // points.cpp
     void qsopoints();
@@ -234,8 +249,13 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();   // nullptr until the first message
-    int commport = 1; // the panel's COM choice, 1..4
+    KeyerBackend* keyer();                            // nullptr until the first message
+    int commport = 1;                                 // the panel's COM choice, 1..4
+    bool sendKeyMessage(int keyCode);                 // F2..F9 without modifiers; false: not sent
+    QString expandMessage(const QString& text) const; // {MYCALL}, {CALL}, {NR}, {RST}, {EXCH}
+    bool esmOn() const;                               // Enter sends messages (a station setting)
+    void esmCall();                                   // the call, then report and exchange
+    void esmThanks();                                 // the thanks text
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
@@ -275,10 +295,26 @@ class ContestForm : public Form {
     void cmbotchet_Click();
     void mnudxcc_Click();
     void mnurusdx_Click();
+    // bandmap.cpp
+    Control *frcluster, *bandmap, *lblcluster, *txtcluster, *lstcluster, *mnucluster;
+    void startCluster(); // (re)starts the session with the station's settings; none: off
+    void clusterLine(const QString& line); // a spot goes to the map, anything else is text
+    void bandmapRefresh();                 // the map and the text as they are now
+    void takeSpot(bool up);                // Ctrl+Down: the next spot up in frequency
+    void txtcluster_KeyPress(Event& e);
+    void mnucluster_Click();
+    QString spotMark(const QString& call); // "повтор", "множ" or ""
+    // Asks the rig to move; the rig link connects to qsyRequested.
+    void requestQsy(double kHz);
+    ClusterSession* cluster(); // nullptr until startCluster found a host
+    SpotList& spots();
+    QString spotkhz; // the frequency of the last spot taken ("14025.0"), empty before one
 
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
+    void messageQueued(const QString& text); // a message handed to the keyer (cwtext)
+    void qsyRequested(double kHz);
 
   private:
     void createControls();
@@ -300,12 +336,19 @@ class ContestForm : public Form {
     void registerMaintenance();
     void registerWindows();
     void registerSession();
+    void registerBandmap();
+    BandmapLink* bandmap_ = nullptr; // bandmap.cpp; a child of the window
 
-    Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
-    Keyer* ensureKeyer();
+    // keys.cpp: the keyer is made on the first message, and again when the settings name another
+    std::unique_ptr<KeyerBackend> keyer_;
+    QString keyerKind_, keyerSignature_;
+    KeyerBackend* ensureKeyer();
+    std::unique_ptr<KeyerBackend> makeKeyer();
+    QString keyerKindFromSettings() const; // serial, cwdaemon, winkeyer or rigctld
+    QString keyerSignature() const;        // the kind and its address
+    void keyerError(const QString& message);
     void showKeyerSpeed();
     void showPorts();
-    void portBusy();
     QHash<QString, Form*> subForms_;
     std::unique_ptr<LogTally> tally_; // recount.cpp
 };

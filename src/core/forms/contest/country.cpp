@@ -79,34 +79,45 @@ bool ContestForm::lookupDistrict(const QString& key, QString* itu, QString* cq, 
 
 void ContestForm::STRAN() {
     const QString call = txtcall->text();
-    CountryRow row;
     // Nothing found keeps the values of the previous call.
-    if (lookupCountry(call, row)) {
-        callstrana = row.strana;
-        callkont = row.kont;
-        callpref = row.pref;
-        callitu = row.itu;
-        callcq = row.cq;
-        txtstran5->setText(callstrana);
-    }
-    if (call.startsWith(QLatin1Char('R')) || callpref == QLatin1String("UA9") ||
-        callpref == QLatin1String("UA2") || callpref == QLatin1String("UA"))
-        RUS();
-    callitu = padZone(callitu);
-    callcq = padZone(callcq);
+    CountryRow row{callpref, callkont, callstrana, callitu, callcq};
+    if (resolveCall(call, row)) txtstran5->setText(row.strana);
+    callstrana = row.strana;
+    callkont = row.kont;
+    callpref = row.pref;
+    callitu = row.itu;
+    callcq = row.cq;
+}
+
+bool ContestForm::resolveCall(const QString& call, CountryRow& row) {
+    const bool found = lookupCountry(call, row);
+    if (call.startsWith(QLatin1Char('R')) || row.pref == QLatin1String("UA9") ||
+        row.pref == QLatin1String("UA2") || row.pref == QLatin1String("UA"))
+        refineRussian(call, row);
+    row.itu = padZone(row.itu);
+    row.cq = padZone(row.cq);
     // Maritime and aeronautical mobiles are in no country: they count for their zone only.
     if (call.endsWith(QLatin1String("/MM")) || call.endsWith(QLatin1String("/AM"))) {
-        callpref.clear();
-        callstrana.clear();
+        row.pref.clear();
+        row.strana.clear();
     }
+    return found;
+}
+
+void ContestForm::refineRussian(const QString& call, CountryRow& row) {
+    refineRussianArea(call, row.pref, row.kont);
+    if (contestcode == QLatin1String("cqm")) row.pref = cqmPrefix(call, row.pref);
+    // A district the table does not know keeps the zones of the prefix table.
+    if (call.size() > 3) lookupDistrict(russianDistrictKey(call), &row.itu, &row.cq, nullptr);
 }
 
 void ContestForm::RUS() {
-    const QString call = txtcall->text();
-    refineRussianArea(call, callpref, callkont);
-    if (contestcode == QLatin1String("cqm")) CQM();
-    // A district the table does not know keeps the zones of the prefix table.
-    if (call.size() > 3) lookupDistrict(russianDistrictKey(call), &callitu, &callcq, nullptr);
+    CountryRow row{callpref, callkont, callstrana, callitu, callcq};
+    refineRussian(txtcall->text(), row);
+    callpref = row.pref;
+    callkont = row.kont;
+    callitu = row.itu;
+    callcq = row.cq;
 }
 
 void ContestForm::rusdx() {

@@ -45,6 +45,22 @@ void ContestForm::pscheck() {
     txtmult2->setText(logDb().exists(lastsql, {pscand, contestcode, curband}) ? QString() : pscand);
 }
 
+QSet<QString> ContestForm::workedFirstMults() {
+    QStringList params{contestcode};
+    const QStringList v = logDb().column(QStringLiteral("SELECT DISTINCT mult FROM tbllog WHERE "
+                                                        "ps2 = ?1") +
+                                             firstMultScope(params),
+                                         params);
+    return QSet<QString>(v.begin(), v.end());
+}
+
+QSet<QString> ContestForm::workedSecondMults() {
+    const QStringList v = logDb().column(
+        QStringLiteral("SELECT DISTINCT ps FROM tbllog WHERE ps2 = ?1 AND bband = ?2"),
+        {contestcode, curband});
+    return QSet<QString>(v.begin(), v.end());
+}
+
 void ContestForm::mnumdxcc_Click() {
     if (List1->visible()) {
         List1->setVisible(false);

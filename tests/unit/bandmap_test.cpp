@@ -1,0 +1,237 @@
+// The band map of the main window: spots of the current band with their marks as this contest
+// counts them, aged by the window's clock, taken into the callsign box with Ctrl+arrows; and
+// the whole panel against a cluster on a local port that drops the link and comes back.
+#include "clusterserver.h"
+#include "scoringfixture.h"
+#include "station/cluster.h"
+#include "station/settings.h"
+
+using namespace hfc;
+using hfc::test::ClusterServer;
+using hfc::test::waitFor;
+
+namespace {
+
+constexpr int Down = 40, Up = 38, Ctrl = 2;
+
+struct BandmapTest : hfc::test::ScoringFixture {
+    QList<double> qsy;
+
+    void SetUp() override {
+        ScoringFixture::SetUp();
+        QObject::connect(form.get(), &ContestForm::qsyRequested, [this](double k) { qsy << k; });
+    }
+    void spot(const QString& call, const QString& kHz) {
+        form->clusterLine("DX de SP5ZZZ:     " + kHz + "  " + call + "   CQ    1200Z");
+    }
+    // Logs a QSO through the entry line, the exchange as the window fills it in or as typed.
+    void log(const QString& call, int band, const QString& exchange = {}) {
+        form->cmbband_Click(band);
+        typeCall(call);
+        form->typeText("\r" + exchange + "\r");
+        ASSERT_EQ(text("txtcall"), "") << "logged";
+    }
+    std::vector<QStringList> map() {
+        form->bandmapRefresh();
+        return form->bandmap->rows();
+    }
+};
+
+} // namespace
+
+TEST_F(BandmapTest, MarksRepeatsAndNewCountriesAndZonesOfTheBand) {
+    select("mnucqww", "16");
+    log("DL1ABC", 3); // DL, zone 14 on 14 MHz
+    log("W1AW", 3);   // K, zone 5 on 14 MHz
+    log("JA1XYZ", 4); // JA on 21 MHz only
+    form->cmbband_Click(3);
+    spot("DL1ABC", "14025.0"); // worked on this band
+    spot("DL2ZZZ", "14030.0"); // country and zone worked here
+    spot("JA1XYZ", "14005.0"); // worked, but on another band: a new country here
+    spot("W6XX", "14040.5");   // country worked, zone 3 new
+    spot("K1AR", "21020.0");   // another band
+    spot("UA3ABC", "10105.0"); // no contest band
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"14005.0", "JA1XYZ", "0", "множ"},
+                                               {"14025.0", "DL1ABC", "0", "повтор"},
+                                               {"14030.0", "DL2ZZZ", "0", ""},
+                                               {"14040.5", "W6XX", "0", "множ"}}));
+    // A QSO logged changes the marks at the next redraw.
+    log("JA1XYZ", 3);
+    EXPECT_EQ(map()[0], QStringList({"14005.0", "JA1XYZ", "0", "повтор"}));
+    form->cmbband_Click(4);
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"21020.0", "K1AR", "0", "множ"}}));
+}
+
+TEST_F(BandmapTest, APrefixWorkedOnAnyBandIsNoNewMultiplierInWpx) {
+    select("mnuwpx");
+    log("UA3ABC", 4, "5"); // UA3 on 21 MHz; WPX counts a prefix once in the contest
+    form->cmbband_Click(3);
+    spot("UA3ABC", "14010.0");
+    spot("UA3XYZ", "14020.0");
+    spot("UA4XYZ", "14030.0");
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"14010.0", "UA3ABC", "0", ""},
+                                               {"14020.0", "UA3XYZ", "0", ""},
+                                               {"14030.0", "UA4XYZ", "0", "множ"}}));
+}
+
+TEST_F(BandmapTest, NoContestNoMarks) {
+    spot("DL1ABC", "14025.0");
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"14025.0", "DL1ABC", "0", ""}}));
+}
+
+TEST_F(BandmapTest, SpotsAgeByTheWindowsClockAndTheNewestOfACallWins) {
+    spot("DL1ABC", "14025.0");
+    spot("JA1XYZ", "14005.0");
+    clock.advance(5 * 60 + 30);
+    EXPECT_EQ(map()[1], QStringList({"14025.0", "DL1ABC", "5", ""}));
+    spot("DL1ABC", "14031.0"); // heard again, further up
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"14005.0", "JA1XYZ", "5", ""},
+                                               {"14031.0", "DL1ABC", "0", ""}}));
+    clock.advance(30 * 60 - 5 * 60 - 31);
+    EXPECT_EQ(map().size(), 2u) << "29:59 after it was heard";
+    clock.advance(1);
+    EXPECT_EQ(map(), (std::vector<QStringList>{{"14031.0", "DL1ABC", "24", ""}}));
+    // Other lines of the cluster are its text, not spots.
+    form->clusterLine("To ALL de UA3ABC: QRV 14025");
+    form->bandmapRefresh();
+    EXPECT_EQ(form->lstcluster->items(), QStringList({"To ALL de UA3ABC: QRV 14025"}));
+    EXPECT_EQ(map().size(), 1u);
+}
+
+TEST_F(BandmapTest, CtrlArrowsTakeTheNextSpotWithItsLookupsAndMoveTheRig) {
+    select("mnucqww", "16");
+    log("DL1ABC", 3);
+    spot("DL1ABC", "14025.0");
+    spot("JA1XYZ", "14005.0");
+    spot("W6XX", "14040.5");
+    spot("K1AR", "21020.0");
+    // In the middle of another QSO's exchange: the spot starts a new one.
+    typeCall("UA9CDV");
+    form->typeText("\r");
+    form->txtrstr->setText("17");
+    form->pressKey(Down, Ctrl);
+    EXPECT_EQ(text("txtcall"), "JA1XYZ") << "the first time: the lowest";
+    EXPECT_EQ(form->focused(), form->txtcall);
+    EXPECT_EQ(text("txtrstr"), "25") << "the zone of the new call, as typing fills it";
+    EXPECT_EQ(text("txtstran5"), form->callstrana);
+    EXPECT_FALSE(form->callstrana.isEmpty());
+    EXPECT_EQ(form->spotkhz, "14005.0");
+    form->pressKey(Down, Ctrl);
+    EXPECT_EQ(text("txtcall"), "DL1ABC");
+    EXPECT_EQ(mark(), "Повтор") << "the repeat check ran";
+    EXPECT_EQ(form->DBList1->items(), QStringList({"DL1ABC"}));
+    form->pressKey(Down, Ctrl);
+    form->pressKey(Down, Ctrl); // nothing above: stays
+    EXPECT_EQ(text("txtcall"), "W6XX");
+    form->pressKey(Up, Ctrl);
+    EXPECT_EQ(text("txtcall"), "DL1ABC");
+    EXPECT_EQ(qsy, QList<double>({14005.0, 14025.0, 14040.5, 14025.0}));
+    EXPECT_EQ(form->focused(), form->txtcall) << "Ctrl+Up is no way to the band buttons";
+    // On another band the first Ctrl+Up takes its highest spot.
+    form->cmbband_Click(4);
+    form->pressKey(Up, Ctrl);
+    EXPECT_EQ(text("txtcall"), "K1AR");
+    EXPECT_EQ(qsy.last(), 21020.0);
+}
+
+TEST_F(BandmapTest, WithARigTheNextSpotIsFromTheRadiosFrequency) {
+    QString rigkhz = "14020.0"; // as the rig link reports it
+    form->var("rigkhz", rigkhz);
+    spot("DL1ABC", "14025.0");
+    spot("AA1AA", "14025.0");
+    spot("JA1XYZ", "14005.0");
+    form->pressKey(Down, Ctrl);
+    EXPECT_EQ(text("txtcall"), "AA1AA");
+    rigkhz = "14025.0"; // the rig went there: the next call on the frequency comes next
+    form->pressKey(Down, Ctrl);
+    EXPECT_EQ(text("txtcall"), "DL1ABC");
+    rigkhz = "14010.0"; // tuned down by hand
+    form->pressKey(Up, Ctrl);
+    EXPECT_EQ(text("txtcall"), "JA1XYZ");
+    rigkhz = "7010.0"; // on another band: the map's own order
+    form->pressKey(Down, Ctrl);
+    EXPECT_EQ(text("txtcall"), "AA1AA");
+}
+
+TEST_F(BandmapTest, ACommandWithoutALinkStaysInTheBox) {
+    form->mnucluster_Click();
+    EXPECT_TRUE(form->frcluster->visible());
+    EXPECT_EQ(form->focused(), form->txtcluster);
+    form->typeText("SH/DX\r");
+    EXPECT_EQ(text("txtcluster"), "SH/DX");
+    EXPECT_EQ(form->lstcluster->items(),
+              QStringList({"Нет связи с кластером: команда не отправлена"}));
+    form->typeText(QString(QChar(27)));
+    EXPECT_EQ(form->focused(), form->txtcall);
+}
+
+namespace {
+
+// The window built on a station whose settings name a cluster on a local port.
+struct BandmapClusterTest : hfc::test::FormFixture {
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    std::unique_ptr<ClusterServer> server;
+    StationSettings settings;
+
+    void SetUp() override {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+        FormFixture::SetUp();
+        server = std::make_unique<ClusterServer>();
+        settings.clusterHost = server->address();
+    }
+    void open() {
+        Env env = form->env();
+        env.settings = &settings;
+        form = std::make_unique<ContestForm>(env);
+        form->owncall = "UA3ABC";
+        form->Form_Load();
+        form->cmbband_Click(3);
+        form->cluster()->setBackoff(100, 400);
+    }
+    void TearDown() override {
+        form.reset();
+        server.reset();
+        app.reset();
+    }
+};
+
+} // namespace
+
+TEST_F(BandmapClusterTest, SpotsFromTheClusterReachTheMapAndTheLinkComesBack) {
+    open();
+    EXPECT_TRUE(form->frcluster->visible());
+    ASSERT_TRUE(waitFor([&] { return server->received == QStringList({"UA3ABC"}); }))
+        << "logged in with the station's call as typed";
+    EXPECT_NE(text("lblcluster").indexOf("на связи"), -1) << text("lblcluster").toStdString();
+    server->send(
+        "Hello UA3ABC, this is RU3AA-7 in Moscow\r\n"
+        "DX de G4ABC:      14025.0  DL1ABC       up 1                           1405Z\r\n"
+        "DX de DK9IP-#:   14010.1  JA1XYZ         CW    24 dB  28 WPM  CQ      1200Z\r\n"
+        "DX de OH2BH:     21012.5  K1AR         CQ                             0012Z KP20\r\n");
+    // The map is redrawn by its own timer.
+    ASSERT_TRUE(waitFor([&] { return form->bandmap->rowCount() == 2; }));
+    EXPECT_EQ(form->bandmap->row(0), QStringList({"14010.1", "JA1XYZ", "0", ""}));
+    EXPECT_TRUE(form->lstcluster->items().contains("Hello UA3ABC, this is RU3AA-7 in Moscow"));
+
+    server->drop();
+    ASSERT_TRUE(waitFor([&] { return text("lblcluster").contains("нет связи"); }));
+    ASSERT_TRUE(waitFor([&] { return server->received.count("UA3ABC") == 2; }));
+    EXPECT_NE(text("lblcluster").indexOf("на связи"), -1);
+    EXPECT_EQ(form->bandmap->rowCount(), 2u) << "the spots stay through a drop";
+
+    form->setFocus("txtcluster");
+    form->typeText("SH/DX 10\r");
+    ASSERT_TRUE(waitFor([&] { return server->received.size() == 3; }));
+    EXPECT_EQ(server->received[2], "SH/DX 10");
+    EXPECT_EQ(text("txtcluster"), "");
+}
+
+TEST_F(BandmapClusterTest, TheLoginSetForTheClusterComesFirst) {
+    settings.clusterLogin = "UA3ABC-2";
+    open();
+    ASSERT_TRUE(waitFor([&] { return !server->received.isEmpty(); }));
+    EXPECT_EQ(server->received, QStringList({"UA3ABC-2"}));
+}

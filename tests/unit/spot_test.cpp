@@ -1,0 +1,162 @@
+// Spot lines of clusters and of the skimmer network, the bands they fall in, and the spot list:
+// one spot per call, gone after 30 minutes, walked up and down in frequency.
+#include "station/spotlist.h"
+
+#include <gtest/gtest.h>
+
+using namespace hfc;
+
+namespace {
+
+// Lines as the clusters send them: DXSpider, AR-Cluster and CC Cluster (some with the
+// spotter's locator after the time), the reverse beacon network, a bell and a CR at the end.
+const char* const kSpotLines[] = {
+    "DX de G4ABC:      14025.0  UA3ABC       up 1                           1405Z",
+    "DX de OH2BH:      3512.5  JA1XYZ       CQ                             0012Z KP20",
+    "DX de DK9IP-#:   14010.1  JA1XYZ         CW    24 dB  28 WPM  CQ      1200Z",
+    "DX de W3LPL-2-#: 28019.9  PY2ABC/P      CW 7 dB 31 WPM CQ             1730Z\a\a\r",
+    "DX de UA9CDV:     7001.0  RA0FF        tnx qso 73                      2359Z",
+};
+
+} // namespace
+
+TEST(SpotLine, ReadsClusterAndSkimmerLines) {
+    struct Want {
+        const char* spotter;
+        double kHz;
+        const char* call;
+        const char* comment;
+        const char* time;
+    };
+    const Want want[] = {
+        {"G4ABC", 14025.0, "UA3ABC", "up 1", "1405Z"},
+        {"OH2BH", 3512.5, "JA1XYZ", "CQ", "0012Z"},
+        {"DK9IP-#", 14010.1, "JA1XYZ", "CW 24 dB 28 WPM CQ", "1200Z"},
+        {"W3LPL-2-#", 28019.9, "PY2ABC/P", "CW 7 dB 31 WPM CQ", "1730Z"},
+        {"UA9CDV", 7001.0, "RA0FF", "tnx qso 73", "2359Z"},
+    };
+    for (size_t i = 0; i < std::size(want); ++i) {
+        SCOPED_TRACE(kSpotLines[i]);
+        const auto s = parseSpotLine(QString::fromLatin1(kSpotLines[i]));
+        ASSERT_TRUE(s.has_value());
+        EXPECT_EQ(s->spotter.toStdString(), want[i].spotter);
+        EXPECT_DOUBLE_EQ(s->kHz, want[i].kHz);
+        EXPECT_EQ(s->call.toStdString(), want[i].call);
+        EXPECT_EQ(s->comment.toStdString(), want[i].comment);
+        EXPECT_EQ(s->time.toStdString(), want[i].time);
+    }
+    // A line cut short before the time, a lower-case call, no comment.
+    const auto cut = parseSpotLine(u"DX de SP5ZZZ: 21025 dl1abc");
+    ASSERT_TRUE(cut.has_value());
+    EXPECT_EQ(cut->call, "DL1ABC");
+    EXPECT_EQ(cut->comment, "");
+    EXPECT_EQ(cut->time, "");
+}
+
+TEST(SpotLine, EverythingElseIsText) {
+    for (const char* line : {
+             "", "login: ", "Hello UA3ABC, this is RU3AA-7 in Moscow",
+             "To ALL de UA3ABC: QRV 14025 1200Z",
+             "WWV de W0MU <18>:   SFI=68, A=5, K=1, No Storms -> No Storms",
+             "UA3ABC de RU3AA-7 24-Nov-2026 1200Z dxspider >",
+             "DX de UA3ABC: fourteen UA9ABC 1200Z", // no frequency
+             "DX de UA3ABC: 14025.0 TEST 1200Z",    // no call: no digit
+             "DX de UA3ABC: 14025.0 1200Z",         // nothing but the time
+             "DX de UA3ABC: -14025.0 UA9ABC 1200Z", // no such frequency
+             "DX de : 14025.0 UA9ABC 1200Z",        // no spotter
+             "DX de UA3ABC 14025.0 UA9ABC 1200Z",   // no colon
+         }) {
+        EXPECT_FALSE(parseSpotLine(QString::fromLatin1(line)).has_value()) << line;
+    }
+}
+
+TEST(SpotLine, BandsAreTheContestBands) {
+    EXPECT_EQ(bandOfKHz(1800.0), "1,8");
+    EXPECT_EQ(bandOfKHz(1999.9), "1,8");
+    EXPECT_EQ(bandOfKHz(3799.0), "3,5");
+    EXPECT_EQ(bandOfKHz(7000.0), "7");
+    EXPECT_EQ(bandOfKHz(14350.0), "14");
+    EXPECT_EQ(bandOfKHz(21010.0), "21");
+    EXPECT_EQ(bandOfKHz(29600.0), "28");
+    EXPECT_EQ(bandOfKHz(10110.0), ""); // WARC
+    EXPECT_EQ(bandOfKHz(18080.0), "");
+    EXPECT_EQ(bandOfKHz(14351.0), "");
+    EXPECT_EQ(bandOfKHz(144300.0), "");
+    EXPECT_EQ(formatKHz(14025), "14025.0");
+    EXPECT_EQ(formatKHz(3512.46), "3512.5");
+}
+
+namespace {
+
+struct SpotListTest : ::testing::Test {
+    SpotList list;
+    QDateTime t0{QDate(2026, 11, 24), QTime(12, 0), Qt::UTC};
+    void spot(const char* call, double kHz, qint64 atSecs = 0) {
+        Spot s;
+        s.call = QString::fromLatin1(call);
+        s.kHz = kHz;
+        list.add(s, t0.addSecs(atSecs));
+    }
+    QStringList band(const QString& b) {
+        QStringList out;
+        for (const BandSpot& s : list.onBand(b)) out << s.call + "@" + formatKHz(s.kHz);
+        return out;
+    }
+    QString next(double from, const QString& call, bool up) {
+        const BandSpot* s = list.next("14", from, call, up);
+        return s ? s->call : QString("-");
+    }
+};
+
+} // namespace
+
+TEST_F(SpotListTest, OneSpotPerCallTheNewestWins) {
+    spot("UA3ABC", 14025.0);
+    spot("DL1ABC", 14010.0);
+    spot("JA1XYZ", 21020.0);
+    spot("UA3ABC", 14031.2, 60); // moved up the band
+    spot("DL1ABC", 21005.0, 90); // moved to another band
+    EXPECT_EQ(band("14"), QStringList({"UA3ABC@14031.2"}));
+    EXPECT_EQ(band("21"), QStringList({"DL1ABC@21005.0", "JA1XYZ@21020.0"}));
+    EXPECT_EQ(list.size(), 3u);
+    EXPECT_EQ(SpotList::ageMinutes(list.find("UA3ABC")->heard, t0.addSecs(60 + 179)), 2);
+}
+
+TEST_F(SpotListTest, SpotsLeaveThirtyMinutesAfterTheyWereHeard) {
+    spot("UA3ABC", 14025.0);
+    spot("DL1ABC", 14010.0, 600);
+    EXPECT_FALSE(list.prune(t0.addSecs(1799)));
+    EXPECT_EQ(list.size(), 2u);
+    EXPECT_TRUE(list.prune(t0.addSecs(1800)));
+    EXPECT_EQ(band("14"), QStringList({"DL1ABC@14010.0"}));
+    spot("DL1ABC", 14010.0, 2000); // spotted again: young again
+    EXPECT_FALSE(list.prune(t0.addSecs(2000 + 1799)));
+    EXPECT_TRUE(list.prune(t0.addSecs(2000 + 1800)));
+    EXPECT_EQ(list.size(), 0u);
+    // A clock set back shows no negative age.
+    spot("UA3ABC", 14025.0, 100);
+    EXPECT_EQ(SpotList::ageMinutes(list.find("UA3ABC")->heard, t0), 0);
+}
+
+TEST_F(SpotListTest, NextSpotUpAndDownTheBand) {
+    EXPECT_EQ(next(-1, {}, true), "-"); // an empty band
+    spot("K1AR", 14020.0);
+    spot("UA3ABC", 14025.0);
+    spot("AA1AA", 14025.0); // two calls on one frequency
+    spot("JA1XYZ", 14040.0);
+    spot("DL1ABC", 21010.0);
+    // the first time: the lowest going up, the highest going down
+    EXPECT_EQ(next(-1, {}, true), "K1AR");
+    EXPECT_EQ(next(-1, {}, false), "JA1XYZ");
+    // from a spot taken: both calls of one frequency in turn
+    EXPECT_EQ(next(14020.0, "K1AR", true), "AA1AA");
+    EXPECT_EQ(next(14025.0, "AA1AA", true), "UA3ABC");
+    EXPECT_EQ(next(14025.0, "UA3ABC", true), "JA1XYZ");
+    EXPECT_EQ(next(14040.0, "JA1XYZ", true), "-"); // no wrap past the top
+    EXPECT_EQ(next(14025.0, "UA3ABC", false), "AA1AA");
+    EXPECT_EQ(next(14020.0, "K1AR", false), "-");
+    // from a frequency (the radio's): what is on it already is skipped
+    EXPECT_EQ(next(14025.02, {}, true), "JA1XYZ");
+    EXPECT_EQ(next(14025.0, {}, false), "K1AR");
+    EXPECT_EQ(next(14030.0, {}, false), "UA3ABC");
+}
