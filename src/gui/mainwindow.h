@@ -37,6 +37,7 @@ class MainWindow : public QMainWindow {
     QWidget* buildMultiplierWindow();
     QWidget* buildKeyerPanel();
     QWidget* buildQtcFrame();
+    QWidget* buildStationPanel();
     void openSubWindow(Form* child);
 
     ContestForm* form_;

@@ -4,6 +4,7 @@
 
 #include "data/databases.h"
 #include "forms/clock.h"
+#include "station/multiop.h"
 
 namespace hfc {
 
@@ -29,6 +30,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerQtc();
     registerMaintenance();
     registerWindows();
+    registerStation();
 }
 
 Db& ContestForm::logDb() {
@@ -169,6 +171,10 @@ void ContestForm::createControls() {
     mnuprow = add("mnuprow", K::Menu, "Проверка");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);
+    frstation = add("frstation", K::Frame);
+    frstation->setVisible(false); // shown when the log is shared
+    lststation = add("lststation", K::List);
+    lblstation = add("lblstation", K::Label);
 }
 
 void ContestForm::registerWindow() {
@@ -255,6 +261,7 @@ void ContestForm::Form_Load() {
     resolveOwnCall();
     Timer1_Timer();
     setFocus(txtcall);
+    startMultiOp();
 }
 
 QDateTime ContestForm::utcnow() const {
@@ -296,6 +303,7 @@ void ContestForm::Timer1_Timer() {
         const long long minutes = val(mm);
         if (minutes > 0) txtrate->setText(num(hourcount * 60 / minutes));
     }
+    if (multiop_) stationRefresh(); // band, mode and last QSO for the other computers
 }
 
 void ContestForm::Label4_Click() {

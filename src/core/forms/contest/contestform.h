@@ -16,6 +16,7 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+//   station.cpp       the station's shared log (other computers), station panel
 #include "data/logtally.h"
 #include "forms/form.h"
 
@@ -29,6 +30,7 @@ namespace hfc {
 
 class Db;
 class Keyer;
+class MultiOp;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -80,6 +82,8 @@ class ContestForm : public Form {
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
     Control *mnuwindos, *mnurusdx;
     Control* Timer1;
+    // station panel: the other computers of a multi-operator station, the link's state
+    Control *frstation, *lststation, *lblstation;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode = QStringLiteral("hi hi");
@@ -264,6 +268,15 @@ class ContestForm : public Form {
     void mnudxcc_Click();
     void mnurusdx_Click();
 
+    // station.cpp
+    void startMultiOp(); // when the settings name a broker
+    MultiOp* multiop() { return multiop_.get(); }
+    void sharedLogChanged(const QStringList& bands);
+    QString originOf(qint64 rowid); // the computer that logged a row
+    qint64 othersQsos();            // the contest's QSOs logged by the other computers
+    void DBGrid3_Delete(int row);
+    void stationRefresh();
+
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
@@ -287,6 +300,7 @@ class ContestForm : public Form {
     void registerQtc();
     void registerMaintenance();
     void registerWindows();
+    void registerStation();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
     Keyer* ensureKeyer();
@@ -294,7 +308,8 @@ class ContestForm : public Form {
     void showPorts();
     void portBusy();
     QHash<QString, Form*> subForms_;
-    std::unique_ptr<LogTally> tally_; // recount.cpp
+    std::unique_ptr<LogTally> tally_;  // recount.cpp
+    std::unique_ptr<MultiOp> multiop_; // station.cpp
 };
 
 } // namespace hfc

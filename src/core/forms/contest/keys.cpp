@@ -4,6 +4,7 @@
 #include "keyer/keyer.h"
 #include "keyer/morse.h"
 #include "keyer/serialkeyport.h"
+#include "station/multiop.h"
 
 #include <QMetaObject>
 #include <optional>
@@ -210,6 +211,7 @@ void ContestForm::portBusy() {
 ContestForm::~ContestForm() {
     // Stops a message being sent and joins the keyer's thread before the controls go.
     delete keyer_;
+    multiop_.reset(); // tells the other computers this one has gone
 }
 
 } // namespace hfc
