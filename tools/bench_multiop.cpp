@@ -24,6 +24,7 @@
 #include <cstdio>
 #include <memory>
 #include <netinet/in.h>
+#include <pwd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -51,11 +52,12 @@ struct Broker {
     Broker() {
         QFile conf(dir.filePath("mosquitto.conf"));
         conf.open(QIODevice::WriteOnly);
-        conf.write(QStringLiteral("listener %1 127.0.0.1\nallow_anonymous true\npersistence "
-                                  "true\npersistence_location %2/\nmax_queued_messages 0\n")
-                       .arg(port)
-                       .arg(dir.path())
-                       .toUtf8());
+        conf.write(
+            QStringLiteral("listener %1 127.0.0.1\nallow_anonymous true\npersistence "
+                           "true\npersistence_location %2/\nmax_queued_messages 0\nuser %3\n")
+                .arg(port)
+                .arg(dir.path(), QString::fromLocal8Bit(getpwuid(geteuid())->pw_name))
+                .toUtf8());
     }
     void start() {
         proc.start(QFile::exists("/usr/sbin/mosquitto") ? "/usr/sbin/mosquitto" : "mosquitto",

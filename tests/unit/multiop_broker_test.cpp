@@ -8,9 +8,11 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
+#include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <pwd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -48,10 +50,13 @@ struct Broker {
     Broker() {
         QFile conf(dir.filePath("mosquitto.conf"));
         conf.open(QIODevice::WriteOnly);
+        // Started as root, mosquitto would change to its own user, who cannot write here.
+        const passwd* me = getpwuid(geteuid());
         conf.write(QStringLiteral("listener %1 127.0.0.1\nallow_anonymous true\n"
-                                  "persistence true\npersistence_location %2/\n")
+                                  "persistence true\npersistence_location %2/\nuser %3\n"
+                                  "log_dest file %2/broker.log\n")
                        .arg(port)
-                       .arg(dir.path())
+                       .arg(dir.path(), QString::fromLocal8Bit(me ? me->pw_name : "root"))
                        .toUtf8());
     }
     ~Broker() { stop(); }
@@ -72,6 +77,12 @@ struct Broker {
         proc.waitForFinished(5000);
     }
 };
+
+std::string brokerLog(const Broker& b) {
+    QFile f(b.dir.filePath("broker.log"));
+    f.open(QIODevice::ReadOnly);
+    return f.readAll().toStdString();
+}
 
 // One computer of the station: its data folder and its settings.
 struct Computer {
@@ -131,9 +142,10 @@ QString qso(const QString& call) {
 }
 
 // The rows a computer prints after the "--" line.
-QString after(const QString& out, const QString& marker = "--\n") {
+std::string after(const QString& out, const QString& marker = "--\n") {
     const int at = out.lastIndexOf(marker);
-    return at < 0 ? QString() : out.mid(at + marker.size());
+    return at < 0 ? std::string("(no marker) ") + out.toStdString()
+                  : out.mid(at + marker.size()).toStdString();
 }
 
 } // namespace
@@ -144,7 +156,7 @@ TEST(MultiOpBroker, QsosEditsAndDeletesCrossOverAndALateJoinerGetsTheWholeLog) {
     QTemporaryDir base;
     Computer run("run", base.path(), broker.port), mult("mult", base.path(), broker.port);
     run.start(
-        Start + qso("dl1abc") + qso("f5xyz") + "print TXTRSTS2.text\nwait 9000\n" +
+        Start + qso("dl1abc") + qso("f5xyz") + "print TXTRSTS2.text\nwait 5000\n" +
         // mult's QSO has come over: a repeat here, and counted in the totals
         "type ok1rr\nprint txtrepit.text\nprint txtrepit.visible\n"
         "print qsotot.text\ncall nextserial\nprint TXTRSTS2.text\n"
@@ -153,7 +165,7 @@ TEST(MultiOpBroker, QsosEditsAndDeletesCrossOverAndALateJoinerGetsTheWholeLog) {
     ASSERT_TRUE(run.waitFor("TXTRSTS2.text=2"));
     // run's two QSOs come in first; mult deletes the second from its grid
     mult.start(Start + "wait 1500\n" + qso("ok1rr") +
-               "call refreshLogGrid\ncall DBGrid3_Delete 1\nwait 2000\nsql contest SELECT '--'\n" +
+               "call refreshLogGrid\ncall DBGrid3_Delete 1\nwait 6000\nsql contest SELECT '--'\n" +
                LogRows);
     const QString runOut = run.finish(), multOut = mult.finish();
     EXPECT_TRUE(runOut.contains("txtrepit.text=Повтор\ntxtrepit.visible=true\n"))
@@ -164,7 +176,7 @@ TEST(MultiOpBroker, QsosEditsAndDeletesCrossOverAndALateJoinerGetsTheWholeLog) {
     EXPECT_TRUE(runOut.contains("TXTRSTS2.text=1\n")) << runOut.toStdString();
     // the grid's last column names the computer that logged the row
     EXPECT_TRUE(runOut.contains("\tmult\n")) << runOut.toStdString();
-    const QString want = "DL1ABC\t7\t16\tcqww\nOK1RR\t7\t15\tcqww\n";
+    const std::string want = "DL1ABC\t7\t16\tcqww\nOK1RR\t7\t15\tcqww\n";
     EXPECT_EQ(after(runOut), want);
     EXPECT_EQ(after(multOut), want);
 
@@ -182,16 +194,17 @@ TEST(MultiOpBroker, APartitionConvergesWhenTheBrokerReturns) {
     QTemporaryDir base;
     Computer a("a", base.path(), broker.port), b("b", base.path(), broker.port);
     a.start(Start + qso("dl1abc") + "wait 2000\n" + qso("f5xyz") + qso("ok1rr") +
-            "wait 8000\nsql contest SELECT '--'\n" + LogRows);
+            "wait 8000\nprint lblstation.text\nsql contest SELECT '--'\n" + LogRows);
     b.start(Start + qso("sp9xx") + "wait 2000\n" + qso("ua3abc") +
-            "wait 8000\nsql contest SELECT '--'\n" + LogRows);
+            "wait 8000\nprint lblstation.text\nsql contest SELECT '--'\n" + LogRows);
     QThread::msleep(1500);
     broker.stop(); // both keep logging alone
     QThread::msleep(2500);
     ASSERT_TRUE(broker.start());
     const QString aOut = a.finish(), bOut = b.finish();
-    EXPECT_EQ(after(aOut), after(bOut));
-    EXPECT_EQ(after(aOut).count('\n'), 5) << aOut.toStdString();
+    const std::string rows = after(aOut);
+    EXPECT_EQ(rows, after(bOut));
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), '\n'), 5) << aOut.toStdString() << bOut.toStdString() << brokerLog(broker);
 }
 
 TEST(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) {
@@ -208,7 +221,26 @@ TEST(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) 
         after(a.run(
             "wait 2000\nsql contest SELECT '--'\nsql contest SELECT count(*) FROM mqoutbox\n")),
         "0\n");
+    // The broker's own persistence keeps the log across its restart, for a late joiner.
+    broker.stop();
+    ASSERT_TRUE(broker.start());
     Computer b("b", base.path(), broker.port);
     EXPECT_EQ(after(b.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)),
+              "DL1ABC\t7\t14\tcqww\n");
+}
+
+TEST(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
+    Broker broker;
+    ASSERT_TRUE(broker.start());
+    QTemporaryDir base;
+    Computer a("a", base.path(), broker.port);
+    a.run(Start + qso("dl1abc") + "wait 2500\n");
+    // A new broker computer, or one without persistence: nothing retained.
+    broker.stop();
+    QFile::remove(broker.dir.filePath("mosquitto.db"));
+    ASSERT_TRUE(broker.start());
+    a.run("wait 3000\n");
+    Computer late("late", base.path(), broker.port);
+    EXPECT_EQ(after(late.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)),
               "DL1ABC\t7\t14\tcqww\n");
 }

@@ -3,12 +3,13 @@
 #include "data/db.h"
 #include "station/settings.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QMetaObject>
 #include <QTimer>
 #include <QtDebug>
-#include <mosquitto.h>
 #include <algorithm>
+#include <mosquitto.h>
 #include <mutex>
 #include <sqlite3.h>
 #include <utility>
@@ -54,7 +55,7 @@ MultiOp::~MultiOp() {
             mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos,
                               true);
         mosquitto_disconnect(mosq_);
-        mosquitto_loop_stop(mosq_, false);
+        if (loopRunning_) mosquitto_loop_stop(mosq_, false);
         mosquitto_destroy(mosq_);
     }
 }
@@ -91,9 +92,20 @@ void MultiOp::start() {
     const QByteArray willTopic = multiop::nodeTopic(logid_, node_).toUtf8();
     mosquitto_will_set(mosq_, willTopic.constData(), int(will.size()), will.constData(), kQos,
                        true);
-    // A broker that is not there yet is no error: the loop keeps trying, the log works alone.
-    mosquitto_connect_async(mosq_, host_.toUtf8().constData(), port_, kKeepAlive);
-    if (mosquitto_loop_start(mosq_) != MOSQ_ERR_SUCCESS) qWarning("multiop: no network thread");
+    tryConnect();
+}
+
+// A broker that is not there yet is no error: the log works alone and the first connection is
+// tried again each second. Once the network thread runs, it reconnects by itself.
+void MultiOp::tryConnect() {
+    if (loopRunning_) return;
+    if (mosquitto_connect_async(mosq_, host_.toUtf8().constData(), port_, kKeepAlive) ==
+        MOSQ_ERR_SUCCESS) {
+        loopRunning_ = mosquitto_loop_start(mosq_) == MOSQ_ERR_SUCCESS;
+        if (!loopRunning_) qWarning("multiop: no network thread");
+        return;
+    }
+    QTimer::singleShot(1000, this, [this] { tryConnect(); });
 }
 
 int MultiOp::pending() {
@@ -187,7 +199,38 @@ void MultiOp::connectedNow() {
     status_.online = true;
     publishStatus();
     sendOutbox();
+    // Retained messages come right after the subscription; no epoch by then means a broker
+    // that has lost (or never had) the log.
+    epochSeen_ = false;
+    QTimer::singleShot(1500, this, [this] { epochCheck(); });
     emit connectedChanged(true);
+}
+
+// The broker's state has a name (its epoch, a retained message of its own). A broker that
+// comes back with the log keeps it; one that lost the log (a new computer, no persistence)
+// gets a new name, and every computer then puts back all it holds.
+void MultiOp::epochCheck() {
+    if (!connected_ || epochSeen_) return;
+    const QString fresh =
+        node_ + QLatin1Char('-') + QString::number(QDateTime::currentMSecsSinceEpoch());
+    const QByteArray t = (multiop::logTopicRoot(logid_) + QStringLiteral("epoch")).toUtf8();
+    const QByteArray p = fresh.toUtf8();
+    mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos, true);
+    epochHeard(fresh);
+}
+
+void MultiOp::epochHeard(const QString& epoch) {
+    epochSeen_ = true;
+    const QString known = store_.epoch();
+    if (epoch == known) return;
+    store_.setEpoch(epoch);
+    // A computer that never saw a broker holds nothing the others lack but its own QSOs,
+    // which are in the outbox already.
+    if (known.isEmpty()) return;
+    if (store_.requeueAll() > 0) {
+        emit bookkeepingWritten();
+        sendOutbox();
+    }
 }
 
 void MultiOp::disconnectedNow() {
@@ -242,6 +285,10 @@ void MultiOp::received(const QString& topic, const QByteArray& payload) {
         if (s->node == node_) return;
         peers_.insert(s->node, *s);
         emit peersChanged();
+        return;
+    }
+    if (rest == QLatin1String("epoch")) {
+        if (multiop::validName(QString::fromUtf8(payload))) epochHeard(QString::fromUtf8(payload));
         return;
     }
     if (!rest.startsWith(QLatin1String("qso/")) || payload.isEmpty()) return;

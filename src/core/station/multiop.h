@@ -71,6 +71,9 @@ class MultiOp : public QObject {
     void applyReceived();
     void sendOutbox();
     void publishStatus();
+    void epochHeard(const QString& epoch);
+    void tryConnect();
+    void epochCheck();
 
     Db& db_;
     QString logid_, node_, host_, user_, password_, cafile_;
@@ -78,13 +81,15 @@ class MultiOp : public QObject {
     MultiOpStore store_;
     mosquitto* mosq_ = nullptr;
     bool connected_ = false;
-    bool applying_ = false; // our own writes of others' changes: not local changes
-    QList<qint64> touched_; // tbllog rows changed here since the last collect
+    bool loopRunning_ = false; // the network thread runs (after the first connection attempt)
+    bool applying_ = false;    // our own writes of others' changes: not local changes
+    QList<qint64> touched_;    // tbllog rows changed here since the last collect
     bool collectQueued_ = false;
     std::vector<multiop::QsoEvent> inbox_; // received, applied in one transaction per batch
     bool applyQueued_ = false;
     QHash<int, qint64> inflight_; // message id -> mqoutbox rowid
     QSet<qint64> inflightIds_;    // mqoutbox rowids on their way
+    bool epochSeen_ = false;      // the broker's epoch arrived since the last connection
     multiop::NodeStatus status_;
     QHash<QString, multiop::NodeStatus> peers_;
 };

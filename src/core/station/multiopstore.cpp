@@ -276,6 +276,20 @@ void MultiOpStore::delivered(qint64 id) {
         .step();
 }
 
+QString MultiOpStore::epoch() {
+    return db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'epoch'"));
+}
+
+void MultiOpStore::setEpoch(const QString& epoch) {
+    db_.run(QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES ('epoch', ?1)"), {epoch});
+}
+
+int MultiOpStore::requeueAll() {
+    db_.exec(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) SELECT uid, payload "
+                            "FROM mqqso"));
+    return outboxSize();
+}
+
 int MultiOpStore::outboxSize() {
     return db_.scalar(QStringLiteral("SELECT count(*) FROM mqoutbox")).toInt();
 }

@@ -47,6 +47,13 @@ class MultiOpStore {
     void delivered(qint64 id); // the broker has it: the entry goes
     int outboxSize();
 
+    // The broker's state this computer last saw (see MultiOp); "" before the first connection.
+    QString epoch();
+    void setEpoch(const QString& epoch);
+    // Every state held, ours and others', back in the outbox: for a broker that lost its
+    // retained copies (a new one, or one without persistence).
+    int requeueAll();
+
     const QString& node() const { return node_; }
     qint64 clock() const { return clock_; }
 

@@ -89,10 +89,11 @@ void ContestForm::stationRefresh() {
     me.band = curband;
     me.mode = cmbmod->text();
     me.op = owncall;
-    const Rows last = logDb().query(
-        QStringLiteral(
-            "SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 ORDER BY rowid DESC LIMIT 1"),
-        {contestcode});
+    // Read back from the end of the table: the newest row is nearly always the contest's.
+    const Rows last =
+        logDb().query(QStringLiteral("SELECT ccall, ttime FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
+                                     "ORDER BY rowid DESC LIMIT 1"),
+                      {contestcode});
     if (!last.empty()) {
         me.lastCall = last[0][0];
         me.lastTime = last[0][1];
