@@ -36,10 +36,12 @@ struct Node {
     // What the broker would carry away: the outbox, now delivered.
     std::vector<QsoEvent> send() {
         std::vector<QsoEvent> out;
+        QList<qint64> ids;
         for (const auto& o : store->outbox()) {
             out.push_back(*multiop::decode(o.payload, "test"));
-            store->delivered(o.id);
+            ids << o.id;
         }
+        store->delivered(ids);
         return out;
     }
     std::vector<QsoEvent> peek() {

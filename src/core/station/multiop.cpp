@@ -139,8 +139,11 @@ void MultiOp::onPublish(mosquitto*, void* self, int mid) {
             const qint64 id = me->inflight_.take(mid);
             if (id <= 0) return;
             me->inflightIds_.remove(id);
-            me->store_.delivered(id);
-            emit me->bookkeepingWritten();
+            me->acked_ << id;
+            if (me->ackQueued_) return;
+            me->ackQueued_ = true;
+            QMetaObject::invokeMethod(
+                me, [me] { me->ackedNow(); }, Qt::QueuedConnection);
         },
         Qt::QueuedConnection);
 }
@@ -188,6 +191,21 @@ void MultiOp::flushLocal() {
         // Nothing lost: the next start compares the whole log again.
         qWarning("multiop: %s", e.what());
     }
+}
+
+void MultiOp::ackedNow() {
+    ackQueued_ = false;
+    if (acked_.isEmpty() || !sqlite3_get_autocommit(db_.handle())) {
+        if (!acked_.isEmpty()) QTimer::singleShot(10, this, [this] { ackedNow(); });
+        return;
+    }
+    try {
+        store_.delivered(std::exchange(acked_, {}));
+    } catch (const DbError& e) {
+        // The entries go out once more at the next connection; applying twice changes nothing.
+        qWarning("multiop: %s", e.what());
+    }
+    emit bookkeepingWritten();
 }
 
 void MultiOp::connectedNow() {

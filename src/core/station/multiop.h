@@ -73,6 +73,7 @@ class MultiOp : public QObject {
     void publishStatus();
     void epochHeard(const QString& epoch);
     void tryConnect();
+    void ackedNow();
     void epochCheck();
 
     Db& db_;
@@ -89,7 +90,9 @@ class MultiOp : public QObject {
     bool applyQueued_ = false;
     QHash<int, qint64> inflight_; // message id -> mqoutbox rowid
     QSet<qint64> inflightIds_;    // mqoutbox rowids on their way
-    bool epochSeen_ = false;      // the broker's epoch arrived since the last connection
+    QList<qint64> acked_;         // delivered, to be removed from the outbox in one go
+    bool ackQueued_ = false;
+    bool epochSeen_ = false; // the broker's epoch arrived since the last connection
     multiop::NodeStatus status_;
     QHash<QString, multiop::NodeStatus> peers_;
 };

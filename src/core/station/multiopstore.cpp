@@ -271,9 +271,13 @@ std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox() {
     return out;
 }
 
-void MultiOpStore::delivered(qint64 id) {
-    db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
-        .step();
+void MultiOpStore::delivered(const QList<qint64>& ids) {
+    // One transaction for a burst of acknowledgements: one wait for the disk, not one each.
+    Transaction t(db_);
+    for (qint64 id : ids)
+        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
+            .step();
+    t.commit();
 }
 
 QString MultiOpStore::epoch() {

@@ -44,7 +44,7 @@ class MultiOpStore {
         QByteArray payload;
     };
     std::vector<Outgoing> outbox();
-    void delivered(qint64 id); // the broker has it: the entry goes
+    void delivered(const QList<qint64>& ids); // the broker has them: the entries go
     int outboxSize();
 
     // The broker's state this computer last saw (see MultiOp); "" before the first connection.
