@@ -204,7 +204,8 @@ TEST(MultiOpBroker, APartitionConvergesWhenTheBrokerReturns) {
     const QString aOut = a.finish(), bOut = b.finish();
     const std::string rows = after(aOut);
     EXPECT_EQ(rows, after(bOut));
-    EXPECT_EQ(std::count(rows.begin(), rows.end(), '\n'), 5) << aOut.toStdString() << bOut.toStdString() << brokerLog(broker);
+    EXPECT_EQ(std::count(rows.begin(), rows.end(), '\n'), 5)
+        << aOut.toStdString() << bOut.toStdString() << brokerLog(broker);
 }
 
 TEST(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) {
