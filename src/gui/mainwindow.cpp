@@ -160,6 +160,8 @@ void MainWindow::buildPanels() {
     // The band map runs down the side: a band's spots are a tall, narrow list.
     dock("panelCluster", QStringLiteral("DX кластер"), buildClusterPanel(), form_->frcluster,
          Qt::RightDockWidgetArea);
+    dock("panelStation", QStringLiteral("Станция"), buildStationPanel(), form_->frstation,
+         Qt::RightDockWidgetArea);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
@@ -338,6 +340,16 @@ QWidget* MainWindow::buildQtcFrame() {
     g->addWidget(binder_->make("txtqtcband"), 1, 2);
     for (int i = 0; i < 10; ++i) g->addWidget(binder_->make(arr("txtqtc", i)), 2 + i, 0, 1, 3);
     g->addWidget(binder_->make("cmbqtc1"), 12, 0, 1, 3);
+    return frame;
+}
+
+// The other computers of a multi-operator station and the link's state (or the band warning).
+QWidget* MainWindow::buildStationPanel() {
+    auto* frame = binder_->make("frstation");
+    auto* v = new QVBoxLayout(frame);
+    v->setSpacing(2);
+    v->addWidget(binder_->make("lblstation"));
+    v->addWidget(binder_->make("lststation"));
     return frame;
 }
 

@@ -38,6 +38,7 @@ class MainWindow : public QMainWindow {
     QWidget* buildKeyerPanel();
     QWidget* buildQtcFrame();
     QWidget* buildClusterPanel();
+    QWidget* buildStationPanel();
     void openSubWindow(Form* child);
 
     ContestForm* form_;

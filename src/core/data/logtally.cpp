@@ -48,6 +48,23 @@ bool LogTally::acceptOwnWrite() {
     return true;
 }
 
+void LogTally::ownWrites(const QStringList& bands) {
+    if (!valid_) return;
+    const Version now = version();
+    if (now.handle != seen_.handle || now.data != seen_.data) {
+        valid_ = false;
+        return;
+    }
+    seen_ = now;
+    for (const QString& b : bands) {
+        if (b.isEmpty()) {
+            valid_ = false; // rows without a band are only in the totals: count anew
+            return;
+        }
+        stale_.insert(b);
+    }
+}
+
 void LogTally::sync(const QString& contest, bool withPoints) {
     const Version now = version();
     if (valid_ && contest == contest_ && (withPoints_ || !withPoints) && now == seen_) {

@@ -23,6 +23,7 @@ StationSettings StationSettings::load(QSettings& s) {
     r.node = s.value(QStringLiteral("multiop/node")).toString().trimmed();
     r.user = s.value(QStringLiteral("multiop/user")).toString();
     r.password = s.value(QStringLiteral("multiop/password")).toString();
+    r.cafile = s.value(QStringLiteral("multiop/cafile")).toString().trimmed();
     return r;
 }
 
@@ -43,6 +44,7 @@ void StationSettings::save(QSettings& s) const {
     s.setValue(QStringLiteral("multiop/node"), node);
     s.setValue(QStringLiteral("multiop/user"), user);
     s.setValue(QStringLiteral("multiop/password"), password);
+    s.setValue(QStringLiteral("multiop/cafile"), cafile);
 }
 
 QString StationSettings::defaultPath() {

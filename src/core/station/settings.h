@@ -26,6 +26,7 @@ struct StationSettings {
     // [multiop]
     QString broker; // HOST:PORT of the station's MQTT broker; empty: one computer
     QString logid, node, user, password;
+    QString cafile; // CA certificate of a broker that speaks TLS; empty: plain TCP
 
     static StationSettings load(QSettings& s);
     void save(QSettings& s) const;

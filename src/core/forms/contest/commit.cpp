@@ -158,10 +158,14 @@ QStringList ContestForm::logGridRow(size_t i) {
     if (i < grid3rowids.size()) {
         const Rows r = logDb().query(grid3Select() + QStringLiteral(" WHERE rowid = ?1"),
                                      {QString::number(grid3rowids[i])});
-        if (!r.empty()) return r[0].mid(1);
+        if (!r.empty()) {
+            QStringList fields = r[0].mid(1);
+            if (multiop()) fields << originOf(grid3rowids[i]);
+            return fields;
+        }
     }
     // a row deleted behind the grid shows empty until the grid is rebuilt
-    return QStringList(grid3Fields().size(), QString());
+    return QStringList(DBGrid3->columns().size(), QString());
 }
 
 bool ContestForm::logGridStale() {

@@ -4,6 +4,7 @@
 
 #include "data/databases.h"
 #include "forms/clock.h"
+#include "station/multiop.h"
 
 namespace hfc {
 
@@ -31,6 +32,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerWindows();
     registerSession();
     registerBandmap();
+    registerStation();
 }
 
 Db& ContestForm::logDb() {
@@ -173,6 +175,10 @@ void ContestForm::createControls() {
     mnuprow = add("mnuprow", K::Menu, "Проверка");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);
+    frstation = add("frstation", K::Frame);
+    frstation->setVisible(false); // shown when the log is shared
+    lststation = add("lststation", K::List);
+    lblstation = add("lblstation", K::Label);
 }
 
 void ContestForm::registerWindow() {
@@ -261,6 +267,7 @@ void ContestForm::Form_Load() {
     Timer1_Timer();
     setFocus(txtcall);
     startCluster();
+    startMultiOp();
 }
 
 QDateTime ContestForm::utcnow() const {
@@ -302,6 +309,7 @@ void ContestForm::Timer1_Timer() {
         const long long minutes = val(mm);
         if (minutes > 0) txtrate->setText(num(hourcount * 60 / minutes));
     }
+    if (multiop_) stationRefresh(); // band, mode and last QSO for the other computers
 }
 
 void ContestForm::Label4_Click() {

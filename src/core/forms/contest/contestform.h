@@ -17,6 +17,7 @@
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
 //   bandmap.cpp       DX cluster panel, band map, spots taken with Ctrl+arrows
+//   station.cpp       the station's shared log (other computers), station panel
 #include "data/logtally.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
@@ -34,6 +35,7 @@ class Keyer;
 class ClusterSession;
 class SpotList;
 class BandmapLink;
+class MultiOp;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -86,6 +88,8 @@ class ContestForm : public Form {
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
     Control *mnuwindos, *mnurusdx, *mnurestore;
     Control* Timer1;
+    // station panel: the other computers of a multi-operator station, the link's state
+    Control *frstation, *lststation, *lblstation;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode = QStringLiteral("hi hi");
@@ -310,6 +314,15 @@ class ContestForm : public Form {
     SpotList& spots();
     QString spotkhz; // the frequency of the last spot taken ("14025.0"), empty before one
 
+    // station.cpp
+    void startMultiOp(); // when the settings name a broker
+    MultiOp* multiop() { return multiop_.get(); }
+    void sharedLogChanged(const QStringList& bands);
+    QString originOf(qint64 rowid); // the computer that logged a row
+    qint64 othersQsos();            // the contest's QSOs logged by the other computers
+    void DBGrid3_Delete(int row);
+    void stationRefresh();
+
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
@@ -338,6 +351,7 @@ class ContestForm : public Form {
     void registerSession();
     void registerBandmap();
     BandmapLink* bandmap_ = nullptr; // bandmap.cpp; a child of the window
+    void registerStation();
 
     // keys.cpp: the keyer is made on the first message, and again when the settings name another
     std::unique_ptr<KeyerBackend> keyer_;
@@ -350,7 +364,8 @@ class ContestForm : public Form {
     void showKeyerSpeed();
     void showPorts();
     QHash<QString, Form*> subForms_;
-    std::unique_ptr<LogTally> tally_; // recount.cpp
+    std::unique_ptr<LogTally> tally_;  // recount.cpp
+    std::unique_ptr<MultiOp> multiop_; // station.cpp
 };
 
 } // namespace hfc

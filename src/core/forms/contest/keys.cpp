@@ -8,6 +8,7 @@
 #include "keyer/rigctldkeyer.h"
 #include "keyer/serialkeyport.h"
 #include "keyer/winkeyer.h"
+#include "station/multiop.h"
 #include "station/settings.h"
 
 #include <QMetaObject>
@@ -315,6 +316,7 @@ void ContestForm::keyerError(const QString& message) {
 ContestForm::~ContestForm() {
     // Stops a message being sent and joins the keyer's thread before the controls go.
     keyer_.reset();
+    multiop_.reset(); // tells the other computers this one has gone
 }
 
 } // namespace hfc

@@ -29,7 +29,7 @@ void ContestForm::nextserial() {
     Db& db = logDb();
     LogTally& t = tally();
     t.sync(contestcode, countsPoints(contestcode));
-    TXTRSTS2->setText(num(t.qsos()));
+    TXTRSTS2->setText(num(t.qsos() - othersQsos()));
 
     if (fixexch != 0)
         txtrsts->setText(myexch);

@@ -1,0 +1,355 @@
+#include "station/multiop.h"
+
+#include "data/db.h"
+#include "station/settings.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QMetaObject>
+#include <QTimer>
+#include <QtDebug>
+#include <algorithm>
+#include <mosquitto.h>
+#include <mutex>
+#include <sqlite3.h>
+#include <utility>
+
+namespace hfc {
+
+namespace {
+constexpr int kQos = 1;        // at least once: applying twice changes nothing
+constexpr int kKeepAlive = 10; // seconds: a dead computer shows offline soon
+} // namespace
+
+bool MultiOp::configured(const StationSettings& s) {
+    return !s.broker.isEmpty();
+}
+
+QString MultiOp::settingsProblem(const StationSettings& s) {
+    QString host;
+    quint16 port = 0;
+    if (!splitHostPort(s.broker, host, port))
+        return QStringLiteral("адрес брокера «%1» не в виде ХОСТ:ПОРТ").arg(s.broker);
+    if (!multiop::validName(s.logid))
+        return QStringLiteral("имя общего журнала (logid) пусто или содержит / + #");
+    if (!multiop::validName(s.node))
+        return QStringLiteral("имя компьютера (node) пусто или содержит / + #");
+    return {};
+}
+
+MultiOp::MultiOp(Db& log, const StationSettings& s, QObject* parent)
+    : QObject(parent), db_(log), logid_(s.logid), node_(s.node), user_(s.user),
+      password_(s.password), cafile_(s.cafile), store_(log, s.logid, s.node) {
+    splitHostPort(s.broker, host_, port_);
+    status_.node = node_;
+}
+
+MultiOp::~MultiOp() {
+    if (db_.handle()) sqlite3_update_hook(db_.handle(), nullptr, nullptr);
+    if (mosq_) {
+        // Say goodbye properly so the others see this computer offline at once.
+        status_.online = false;
+        const QByteArray t = multiop::nodeTopic(logid_, node_).toUtf8();
+        const QByteArray p = multiop::encodeStatus(status_);
+        if (connected_)
+            mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos,
+                              true);
+        mosquitto_disconnect(mosq_);
+        if (loopRunning_) mosquitto_loop_stop(mosq_, false);
+        mosquitto_destroy(mosq_);
+    }
+}
+
+void MultiOp::start() {
+    store_.open();
+    // Changes made while the program was not running, or cut off by a crash, go out first.
+    store_.collectAll();
+    sqlite3_update_hook(db_.handle(), &MultiOp::onUpdate, this);
+
+    static std::once_flag init;
+    std::call_once(init, [] { mosquitto_lib_init(); });
+    const QByteArray clientId =
+        (QStringLiteral("hfcontest-") + logid_ + QLatin1Char('-') + node_).toUtf8();
+    mosq_ = mosquitto_new(clientId.constData(), true, this);
+    if (!mosq_) {
+        qWarning("multiop: mosquitto_new failed");
+        return;
+    }
+    if (!user_.isEmpty())
+        mosquitto_username_pw_set(mosq_, user_.toUtf8().constData(),
+                                  password_.toUtf8().constData());
+    if (!cafile_.isEmpty() &&
+        mosquitto_tls_set(mosq_, QFile::encodeName(cafile_).constData(), nullptr, nullptr, nullptr,
+                          nullptr) != MOSQ_ERR_SUCCESS)
+        qWarning("multiop: the CA file %s cannot be used", qPrintable(cafile_));
+    mosquitto_connect_callback_set(mosq_, &MultiOp::onConnect);
+    mosquitto_disconnect_callback_set(mosq_, &MultiOp::onDisconnect);
+    mosquitto_publish_callback_set(mosq_, &MultiOp::onPublish);
+    mosquitto_message_callback_set(mosq_, &MultiOp::onMessage);
+    mosquitto_reconnect_delay_set(mosq_, 1, 2, false); // a LAN: try again soon
+    const QByteArray will =
+        multiop::encodeStatus(multiop::NodeStatus{node_, false, {}, {}, {}, {}, {}, {}});
+    const QByteArray willTopic = multiop::nodeTopic(logid_, node_).toUtf8();
+    mosquitto_will_set(mosq_, willTopic.constData(), int(will.size()), will.constData(), kQos,
+                       true);
+    tryConnect();
+}
+
+// A broker that is not there yet is no error: the log works alone and the first connection is
+// tried again each second. Once the network thread runs, it reconnects by itself.
+void MultiOp::tryConnect() {
+    if (loopRunning_) return;
+    if (mosquitto_connect_async(mosq_, host_.toUtf8().constData(), port_, kKeepAlive) ==
+        MOSQ_ERR_SUCCESS) {
+        loopRunning_ = mosquitto_loop_start(mosq_) == MOSQ_ERR_SUCCESS;
+        if (!loopRunning_) qWarning("multiop: no network thread");
+        return;
+    }
+    QTimer::singleShot(1000, this, [this] { tryConnect(); });
+}
+
+int MultiOp::pending() {
+    return store_.outboxSize();
+}
+
+// ------------------------------------------------------------------ libmosquitto's thread
+// These run on the network thread and only hand over to this object's thread.
+
+void MultiOp::onConnect(mosquitto*, void* self, int rc) {
+    auto* me = static_cast<MultiOp*>(self);
+    if (rc != 0) {
+        qWarning("multiop: broker refused the connection (%d)", rc);
+        return;
+    }
+    QMetaObject::invokeMethod(
+        me, [me] { me->connectedNow(); }, Qt::QueuedConnection);
+}
+
+void MultiOp::onDisconnect(mosquitto*, void* self, int) {
+    auto* me = static_cast<MultiOp*>(self);
+    QMetaObject::invokeMethod(
+        me, [me] { me->disconnectedNow(); }, Qt::QueuedConnection);
+}
+
+void MultiOp::onPublish(mosquitto*, void* self, int mid) {
+    auto* me = static_cast<MultiOp*>(self);
+    QMetaObject::invokeMethod(
+        me,
+        [me, mid] {
+            const qint64 id = me->inflight_.take(mid);
+            if (id <= 0) return;
+            me->inflightIds_.remove(id);
+            me->acked_ << id;
+            if (me->ackQueued_) return;
+            me->ackQueued_ = true;
+            QMetaObject::invokeMethod(
+                me, [me] { me->ackedNow(); }, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+}
+
+void MultiOp::onMessage(mosquitto*, void* self, const mosquitto_message* m) {
+    auto* me = static_cast<MultiOp*>(self);
+    QString topic = QString::fromUtf8(m->topic);
+    QByteArray payload(static_cast<const char*>(m->payload), m->payloadlen);
+    QMetaObject::invokeMethod(
+        me, [me, topic, payload] { me->received(topic, payload); }, Qt::QueuedConnection);
+}
+
+// SQLite calls this on our thread, inside the write, after the change of each row.
+void MultiOp::onUpdate(void* self, int, const char* dbName, const char* table, long long rowid) {
+    auto* me = static_cast<MultiOp*>(self);
+    if (me->applying_ || qstrcmp(dbName, "main") != 0 || qstrcmp(table, "tbllog") != 0) return;
+    me->touched_ << rowid;
+    if (me->collectQueued_) return;
+    me->collectQueued_ = true;
+    // After the write's transaction has ended: the change is on disk before it becomes an event.
+    QMetaObject::invokeMethod(
+        me, [me] { me->flushLocal(); }, Qt::QueuedConnection);
+}
+
+// ------------------------------------------------------------------ this object's thread
+
+void MultiOp::flushLocal() {
+    collectQueued_ = false;
+    if (touched_.isEmpty()) return;
+    // A write still inside an open transaction is taken at the next turn.
+    if (!sqlite3_get_autocommit(db_.handle())) {
+        collectQueued_ = true;
+        QTimer::singleShot(10, this, [this] { flushLocal(); });
+        return;
+    }
+    QList<qint64> rows = std::exchange(touched_, {});
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    try {
+        if (store_.collect(rows) > 0) {
+            emit bookkeepingWritten();
+            sendOutbox();
+        }
+    } catch (const DbError& e) {
+        // Nothing lost: the next start compares the whole log again.
+        qWarning("multiop: %s", e.what());
+    }
+}
+
+void MultiOp::ackedNow() {
+    ackQueued_ = false;
+    if (acked_.isEmpty() || !sqlite3_get_autocommit(db_.handle())) {
+        if (!acked_.isEmpty()) QTimer::singleShot(10, this, [this] { ackedNow(); });
+        return;
+    }
+    try {
+        store_.delivered(std::exchange(acked_, {}));
+    } catch (const DbError& e) {
+        // The entries go out once more at the next connection; applying twice changes nothing.
+        qWarning("multiop: %s", e.what());
+    }
+    emit bookkeepingWritten();
+}
+
+void MultiOp::connectedNow() {
+    connected_ = true;
+    const QByteArray sub = (multiop::logTopicRoot(logid_) + QLatin1Char('#')).toUtf8();
+    mosquitto_subscribe(mosq_, nullptr, sub.constData(), kQos);
+    inflight_.clear();
+    inflightIds_.clear();
+    status_.online = true;
+    publishStatus();
+    sendOutbox();
+    // Retained messages come right after the subscription; no epoch by then means a broker
+    // that has lost (or never had) the log.
+    epochSeen_ = false;
+    QTimer::singleShot(1500, this, [this] { epochCheck(); });
+    emit connectedChanged(true);
+}
+
+// The broker's state has a name (its epoch, a retained message of its own). A broker that
+// comes back with the log keeps it; one that lost the log (a new computer, no persistence)
+// gets a new name, and every computer then puts back all it holds.
+void MultiOp::epochCheck() {
+    if (!connected_ || epochSeen_) return;
+    const QString fresh =
+        node_ + QLatin1Char('-') + QString::number(QDateTime::currentMSecsSinceEpoch());
+    const QByteArray t = (multiop::logTopicRoot(logid_) + QStringLiteral("epoch")).toUtf8();
+    const QByteArray p = fresh.toUtf8();
+    mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos, true);
+    epochHeard(fresh);
+}
+
+void MultiOp::epochHeard(const QString& epoch) {
+    epochSeen_ = true;
+    const QString known = store_.epoch();
+    if (epoch == known) return;
+    store_.setEpoch(epoch);
+    // A computer that never saw a broker holds nothing the others lack but its own QSOs,
+    // which are in the outbox already.
+    if (known.isEmpty()) return;
+    if (store_.requeueAll() > 0) {
+        emit bookkeepingWritten();
+        sendOutbox();
+    }
+}
+
+void MultiOp::disconnectedNow() {
+    if (!connected_) return;
+    connected_ = false;
+    inflight_.clear();
+    inflightIds_.clear();
+    emit connectedChanged(false);
+}
+
+void MultiOp::sendOutbox() {
+    if (!connected_) return;
+    for (const MultiOpStore::Outgoing& o : store_.outbox()) {
+        if (inflightIds_.contains(o.id)) continue;
+        const QByteArray topic = multiop::qsoTopic(logid_, o.uid).toUtf8();
+        int mid = 0;
+        if (mosquitto_publish(mosq_, &mid, topic.constData(), int(o.payload.size()),
+                              o.payload.constData(), kQos, true) == MOSQ_ERR_SUCCESS) {
+            inflight_.insert(mid, o.id);
+            inflightIds_.insert(o.id);
+        }
+    }
+}
+
+void MultiOp::setStatus(const multiop::NodeStatus& s) {
+    multiop::NodeStatus next = s;
+    next.node = node_;
+    next.online = status_.online;
+    // Only a change goes out: each status heard makes the others refresh their panels.
+    if (next == status_) return;
+    status_ = next;
+    publishStatus();
+}
+
+void MultiOp::publishStatus() {
+    if (!connected_) return;
+    const QByteArray t = multiop::nodeTopic(logid_, node_).toUtf8();
+    const QByteArray p = multiop::encodeStatus(status_);
+    mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos, true);
+}
+
+void MultiOp::received(const QString& topic, const QByteArray& payload) {
+    const QString root = multiop::logTopicRoot(logid_);
+    if (!topic.startsWith(root)) return;
+    const QString rest = topic.mid(root.size());
+    if (rest.startsWith(QLatin1String("node/"))) {
+        const auto s = multiop::decodeStatus(payload);
+        if (!s || s->node != rest.mid(5)) {
+            qWarning("multiop: malformed status on %s skipped", qPrintable(topic));
+            return;
+        }
+        if (s->node == node_) return;
+        peers_.insert(s->node, *s);
+        emit peersChanged();
+        return;
+    }
+    if (rest == QLatin1String("epoch")) {
+        if (multiop::validName(QString::fromUtf8(payload))) epochHeard(QString::fromUtf8(payload));
+        return;
+    }
+    if (!rest.startsWith(QLatin1String("qso/")) || payload.isEmpty()) return;
+    QString why;
+    auto e = multiop::decode(payload, logid_, &why);
+    if (!e || e->uid != rest.mid(4)) {
+        qWarning("multiop: malformed event on %s skipped: %s", qPrintable(topic),
+                 qPrintable(e ? QStringLiteral("topic and uid differ") : why));
+        return;
+    }
+    inbox_.push_back(std::move(*e));
+    if (applyQueued_) return;
+    applyQueued_ = true;
+    // Events arriving together (a catch-up) are applied in one transaction.
+    QMetaObject::invokeMethod(
+        this, [this] { applyReceived(); }, Qt::QueuedConnection);
+}
+
+void MultiOp::applyReceived() {
+    applyQueued_ = false;
+    if (inbox_.empty()) return;
+    // Our own pending changes first: they must be stamped before others' versions are counted.
+    flushLocal();
+    if (!sqlite3_get_autocommit(db_.handle())) {
+        applyQueued_ = true;
+        QTimer::singleShot(10, this, [this] { applyReceived(); });
+        return;
+    }
+    std::vector<multiop::QsoEvent> batch = std::exchange(inbox_, {});
+    MultiOpStore::Applied a;
+    applying_ = true;
+    try {
+        a = store_.apply(batch);
+    } catch (const DbError& e) {
+        // The retained copies come again at the next connection.
+        qWarning("multiop: %s", e.what());
+    }
+    applying_ = false;
+    if (a.changed > 0)
+        emit logChanged(a.bands);
+    else
+        emit bookkeepingWritten();
+    if (a.answered > 0) sendOutbox();
+}
+
+} // namespace hfc

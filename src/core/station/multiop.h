@@ -1,0 +1,100 @@
+#pragma once
+// The multi-operator link: this computer's log shared with the station's other computers
+// through the station's MQTT broker. libmosquitto runs its network loop on its own thread;
+// whatever it receives comes to this object's thread as a queued call, so nothing on the
+// keystroke or commit path ever waits on the network. Changes to tbllog are noticed through
+// SQLite's update hook after they are on disk, turned into events in the outbox and sent when
+// the broker is there; a crash in between loses none, since the next start compares the whole
+// log with what was last published.
+#include "station/multiopevent.h"
+#include "station/multiopstore.h"
+
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <memory>
+#include <vector>
+
+struct mosquitto;
+struct mosquitto_message;
+
+namespace hfc {
+
+class Db;
+struct StationSettings;
+
+class MultiOp : public QObject {
+    Q_OBJECT
+  public:
+    // Does nothing on the network until start(). The settings must name a broker, a logid and
+    // a node (configured() says so).
+    MultiOp(Db& log, const StationSettings& s, QObject* parent = nullptr);
+    ~MultiOp() override;
+    static bool configured(const StationSettings& s);
+    // A reason in Russian why the settings cannot be used, or "" when they can.
+    static QString settingsProblem(const StationSettings& s);
+
+    void start();
+    bool connected() const { return connected_; }
+    const QString& node() const { return node_; }
+    int pending(); // events not yet delivered
+    MultiOpStore& store() { return store_; }
+
+    // What this computer tells the others (band, mode, frequency, operator, last QSO).
+    void setStatus(const multiop::NodeStatus& s);
+    // The other computers as last heard of, by name.
+    const QHash<QString, multiop::NodeStatus>& peers() const { return peers_; }
+
+    // Takes tbllog changes made on this computer now instead of at the next turn of the
+    // event loop.
+    void flushLocal();
+
+  signals:
+    // Others' changes reached tbllog: the totals and grids must be brought up to date.
+    void logChanged(const QStringList& bands);
+    // Only the bookkeeping tables were written (no row of tbllog changed).
+    void bookkeepingWritten();
+    void peersChanged();
+    void connectedChanged(bool connected);
+
+  private:
+    static void onConnect(mosquitto*, void* self, int rc);
+    static void onDisconnect(mosquitto*, void* self, int rc);
+    static void onPublish(mosquitto*, void* self, int mid);
+    static void onMessage(mosquitto*, void* self, const mosquitto_message* m);
+    static void onUpdate(void* self, int op, const char* db, const char* table, long long rowid);
+
+    void connectedNow();
+    void disconnectedNow();
+    void received(const QString& topic, const QByteArray& payload);
+    void applyReceived();
+    void sendOutbox();
+    void publishStatus();
+    void epochHeard(const QString& epoch);
+    void tryConnect();
+    void ackedNow();
+    void epochCheck();
+
+    Db& db_;
+    QString logid_, node_, host_, user_, password_, cafile_;
+    quint16 port_ = 0;
+    MultiOpStore store_;
+    mosquitto* mosq_ = nullptr;
+    bool connected_ = false;
+    bool loopRunning_ = false; // the network thread runs (after the first connection attempt)
+    bool applying_ = false;    // our own writes of others' changes: not local changes
+    QList<qint64> touched_;    // tbllog rows changed here since the last collect
+    bool collectQueued_ = false;
+    std::vector<multiop::QsoEvent> inbox_; // received, applied in one transaction per batch
+    bool applyQueued_ = false;
+    QHash<int, qint64> inflight_; // message id -> mqoutbox rowid
+    QSet<qint64> inflightIds_;    // mqoutbox rowids on their way
+    QList<qint64> acked_;         // delivered, to be removed from the outbox in one go
+    bool ackQueued_ = false;
+    bool epochSeen_ = false; // the broker's epoch arrived since the last connection
+    multiop::NodeStatus status_;
+    QHash<QString, multiop::NodeStatus> peers_;
+};
+
+} // namespace hfc

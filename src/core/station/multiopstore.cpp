@@ -1,0 +1,301 @@
+#include "station/multiopstore.h"
+
+#include "data/db.h"
+#include "data/schema.h"
+
+#include <algorithm>
+#include <sqlite3.h>
+
+namespace hfc {
+
+using multiop::QsoEvent;
+using multiop::Stamp;
+
+namespace {
+
+const QString& selectRowSql() {
+    static const QString sql = QStringLiteral("SELECT ") + logColumns().join(QStringLiteral(", ")) +
+                               QStringLiteral(" FROM tbllog WHERE rowid = ?1");
+    return sql;
+}
+
+const QString& insertRowSql() {
+    static const QString sql = [] {
+        QStringList marks;
+        for (int i = 1; i <= logColumns().size(); ++i) marks << QStringLiteral("?%1").arg(i);
+        return QStringLiteral("INSERT INTO tbllog (") + logColumns().join(QStringLiteral(", ")) +
+               QStringLiteral(") VALUES (") + marks.join(QStringLiteral(", ")) +
+               QStringLiteral(")");
+    }();
+    return sql;
+}
+
+const QString& updateRowSql() {
+    static const QString sql = [] {
+        QStringList sets;
+        const QStringList& cols = logColumns();
+        for (int i = 0; i < cols.size(); ++i)
+            sets << QStringLiteral("%1 = ?%2").arg(cols[i]).arg(i + 1);
+        return QStringLiteral("UPDATE tbllog SET ") + sets.join(QStringLiteral(", ")) +
+               QStringLiteral(" WHERE rowid = ?%1").arg(cols.size() + 1);
+    }();
+    return sql;
+}
+
+QStringList rowValues(const QMap<QString, QString>& fields) {
+    QStringList v;
+    for (const QString& c : logColumns()) v << fields.value(c);
+    return v;
+}
+
+// A transaction that rolls back unless committed, so a failed statement leaves nothing half done.
+class Transaction {
+  public:
+    explicit Transaction(Db& db) : db_(db) { db_.begin(); }
+    ~Transaction() {
+        if (!done_) db_.rollback();
+    }
+    void commit() {
+        db_.commit();
+        done_ = true;
+    }
+
+  private:
+    Db& db_;
+    bool done_ = false;
+};
+
+} // namespace
+
+MultiOpStore::MultiOpStore(Db& db, const QString& logid, const QString& node)
+    : db_(db), logid_(logid), node_(node) {}
+
+void MultiOpStore::open() {
+    db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqqso (uid TEXT, qrowid TEXT, origin TEXT, "
+                            "ver TEXT, vnode TEXT, del TEXT, payload TEXT)"));
+    db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqqso_uid ON mqqso(uid)"));
+    db_.exec(QStringLiteral("CREATE INDEX IF NOT EXISTS ix_mqqso_qrowid ON mqqso(qrowid)"));
+    db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqoutbox (uid TEXT, payload TEXT)"));
+    db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqoutbox_uid ON mqoutbox(uid)"));
+    db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqmeta (k TEXT, v TEXT)"));
+    db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqmeta_k ON mqmeta(k)"));
+    clock_ = db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'clock'")).toLongLong();
+    seq_ = db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'seq'")).toLongLong();
+    stamps_.clear();
+    for (const QStringList& r : db_.query(QStringLiteral("SELECT uid, ver, vnode FROM mqqso")))
+        stamps_.insert(r[0], Stamp{r[1].toLongLong(), r[2]});
+}
+
+void MultiOpStore::saveCounters() {
+    const QString sql = QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES (?1, ?2)");
+    db_.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
+    db_.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
+}
+
+MultiOpStore::Row MultiOpStore::readRow(qint64 rowid) {
+    Row r;
+    Stmt& s = db_.prepared(selectRowSql(), {QString::number(rowid)});
+    if (s.step()) {
+        r.exists = true;
+        for (int i = 0; i < logColumns().size(); ++i) {
+            const QString v = s.text(i);
+            if (!v.isEmpty()) r.fields.insert(logColumns()[i], v);
+        }
+    }
+    s.reset();
+    return r;
+}
+
+QsoEvent MultiOpStore::stamped(const QString& uid, const QString& origin) {
+    QsoEvent e;
+    e.logid = logid_;
+    e.uid = uid;
+    e.origin = origin;
+    e.seq = ++seq_;
+    e.stamp = Stamp{++clock_, node_};
+    return e;
+}
+
+// Records e as the state held for its QSO and queues it for the broker.
+void MultiOpStore::keep(const QsoEvent& e, const QString& qrowid) {
+    const QByteArray payload = multiop::encode(e);
+    db_.prepared(QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
+                                "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
+                 {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
+                  e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
+                  QString::fromUtf8(payload)})
+        .step();
+    // A later change of the same QSO replaces an undelivered earlier one: the broker keeps only
+    // the latest state of each QSO anyway.
+    db_.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) VALUES (?1, ?2)"),
+                 {e.uid, QString::fromUtf8(payload)})
+        .step();
+    stamps_.insert(e.uid, e.stamp);
+}
+
+int MultiOpStore::collectOne(qint64 rowid) {
+    const QString qrowid = QString::number(rowid);
+    const Row row = readRow(rowid);
+    const Rows held =
+        db_.query(QStringLiteral("SELECT uid, origin, payload FROM mqqso WHERE qrowid = ?1 AND "
+                                 "del = '0'"),
+                  {qrowid});
+    if (held.empty()) {
+        if (!row.exists) return 0;
+        QsoEvent e = stamped({}, node_);
+        e.uid = node_ + QLatin1Char('-') + QString::number(e.seq);
+        e.fields = row.fields;
+        keep(e, qrowid);
+        return 1;
+    }
+    const QString& uid = held[0][0];
+    QsoEvent e = stamped(uid, held[0][1]);
+    if (!row.exists) {
+        e.deleted = true;
+        keep(e, QString());
+        return 1;
+    }
+    const auto before = multiop::decode(held[0][2].toUtf8(), logid_);
+    if (before && before->fields == row.fields) {
+        --seq_; // nothing changed: the stamp is not used
+        --clock_;
+        return 0;
+    }
+    e.fields = row.fields;
+    keep(e, qrowid);
+    return 1;
+}
+
+int MultiOpStore::collect(const QList<qint64>& rowids) {
+    Transaction t(db_);
+    int made = 0;
+    for (qint64 id : rowids) made += collectOne(id);
+    if (made) saveCounters();
+    t.commit();
+    return made;
+}
+
+int MultiOpStore::collectAll() {
+    Transaction t(db_);
+    int made = 0;
+    const QStringList rowids = db_.column(QStringLiteral("SELECT rowid FROM tbllog"));
+    if (rowids.isEmpty()) {
+        // An emptied log (cleared on this computer) is not a delete of the station's QSOs: the
+        // bookkeeping goes, and the station's log comes back from the broker.
+        db_.exec(QStringLiteral("DELETE FROM mqqso"));
+        db_.exec(QStringLiteral("DELETE FROM mqoutbox"));
+        stamps_.clear();
+    }
+    for (const QString& id : rowids) made += collectOne(id.toLongLong());
+    // Rows deleted while nobody was looking.
+    const QStringList gone = db_.column(
+        QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0' AND CAST(qrowid AS INTEGER) NOT "
+                       "IN (SELECT rowid FROM tbllog)"));
+    for (const QString& id : gone) made += collectOne(id.toLongLong());
+    if (made) saveCounters();
+    t.commit();
+    return made;
+}
+
+MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
+    Applied a;
+    Transaction t(db_);
+    const qint64 clockBefore = clock_;
+    for (const QsoEvent& e : events) {
+        if (e.logid != logid_) continue;
+        const Stamp held = stamps_.value(e.uid);
+        if (!multiop::newer(e.stamp, held)) {
+            if (multiop::newer(held, e.stamp)) {
+                // Put what we hold back on the broker's retained topic.
+                const QString payload =
+                    db_.scalar(QStringLiteral("SELECT payload FROM mqqso WHERE uid = ?1"), {e.uid});
+                if (!payload.isEmpty()) {
+                    db_.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) "
+                                                "VALUES (?1, ?2)"),
+                                 {e.uid, payload})
+                        .step();
+                    ++a.answered;
+                }
+            }
+            continue;
+        }
+        clock_ = std::max(clock_, e.stamp.ver);
+        QString qrowid =
+            db_.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
+        if (!qrowid.isEmpty()) {
+            const QString band =
+                db_.scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {qrowid});
+            if (!db_.exists(QStringLiteral("SELECT 1 FROM tbllog WHERE rowid = ?1"), {qrowid}))
+                qrowid.clear();
+            else
+                a.bands << band;
+        }
+        if (e.deleted) {
+            if (!qrowid.isEmpty()) {
+                db_.prepared(QStringLiteral("DELETE FROM tbllog WHERE rowid = ?1"), {qrowid})
+                    .step();
+                ++a.changed;
+            }
+            qrowid.clear();
+        } else if (!qrowid.isEmpty()) {
+            db_.prepared(updateRowSql(), rowValues(e.fields) << qrowid).step();
+            ++a.changed;
+        } else {
+            db_.prepared(insertRowSql(), rowValues(e.fields)).step();
+            qrowid = QString::number(sqlite3_last_insert_rowid(db_.handle()));
+            ++a.changed;
+        }
+        if (!e.deleted) a.bands << e.fields.value(QStringLiteral("bband"));
+        db_.prepared(
+               QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
+                              "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
+               {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
+                e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
+                QString::fromUtf8(multiop::encode(e))})
+            .step();
+        // A change of ours that lost to this one must not reach the broker after it.
+        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
+        stamps_.insert(e.uid, e.stamp);
+    }
+    if (clock_ != clockBefore) saveCounters();
+    t.commit();
+    a.bands.removeDuplicates();
+    return a;
+}
+
+std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox() {
+    std::vector<Outgoing> out;
+    for (const QStringList& r :
+         db_.query(QStringLiteral("SELECT rowid, uid, payload FROM mqoutbox ORDER BY rowid")))
+        out.push_back({r[0].toLongLong(), r[1], r[2].toUtf8()});
+    return out;
+}
+
+void MultiOpStore::delivered(const QList<qint64>& ids) {
+    // One transaction for a burst of acknowledgements: one wait for the disk, not one each.
+    Transaction t(db_);
+    for (qint64 id : ids)
+        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
+            .step();
+    t.commit();
+}
+
+QString MultiOpStore::epoch() {
+    return db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'epoch'"));
+}
+
+void MultiOpStore::setEpoch(const QString& epoch) {
+    db_.run(QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES ('epoch', ?1)"), {epoch});
+}
+
+int MultiOpStore::requeueAll() {
+    db_.exec(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) SELECT uid, payload "
+                            "FROM mqqso"));
+    return outboxSize();
+}
+
+int MultiOpStore::outboxSize() {
+    return db_.scalar(QStringLiteral("SELECT count(*) FROM mqoutbox")).toInt();
+}
+
+} // namespace hfc
