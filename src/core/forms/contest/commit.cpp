@@ -88,13 +88,13 @@ void ContestForm::wwodadd() {
     // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
     Db& db = logDb();
     db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
-                          "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, PRF) "
-                          "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, "
-                          "?15, ?16, ?17, ?18)"),
+                          "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, PRF, "
+                          "freq) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, "
+                          "?14, ?15, ?16, ?17, ?18, ?19)"),
            {txtpoint->text(), txtpoint2->text(), contestcode, txtcall->text(), txtdate->text(),
             curband, rst, rst, ps1, txttime->text().left(5), lblrstr->text(), txtrstr->text(),
             lblrsts->text(), txtrsts->text(), txtmult->text(), txtmult2->text(), callstrana,
-            callprf});
+            callprf, qsoFreq()});
     const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
     tally().inserted(rowid);
     ++hourcount;

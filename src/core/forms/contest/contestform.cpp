@@ -4,6 +4,7 @@
 
 #include "data/databases.h"
 #include "forms/clock.h"
+#include "log/band.h"
 
 namespace hfc {
 
@@ -95,9 +96,8 @@ void ContestForm::createControls() {
     txtbandtime = add("txtbandtime", K::TextBox, "00:00:00");
     txtlastqso = add("txtlastqso", K::TextBox, "00:00:00");
 
-    static const char* bands[7] = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
     for (int b = 0; b < 7; ++b)
-        cmbband[b] = add(QStringLiteral("cmbband(%1)").arg(b), K::Option, bands[b]);
+        cmbband[b] = add(QStringLiteral("cmbband(%1)").arg(b), K::Option, bandTable()[b].text);
     cmbmod = add("cmbmod", K::Button, "CW");
     cmbwsego = add("cmbwsego", K::Button, "Всего");
     cmbwsego->setVisible(false);
@@ -140,6 +140,9 @@ void ContestForm::createControls() {
                          QStringLiteral("COM%1").arg(i + 1));
     Option1[0]->setValue(1);
     lblcat = add("lblcat", K::Label);
+    lblfreq = add("lblfreq", K::Label);
+    lblrig = add("lblrig", K::Label);
+    lblrig->setVisible(false);
 
     FRQTC = add("FRQTC", K::Frame);
     FRQTC->setVisible(false);
@@ -167,6 +170,7 @@ void ContestForm::createControls() {
     mnuwindos = add("mnuwindos", K::Menu, "Перевод  Win  *.txt в DOS *.txt ");
     mnurusdx = add("mnurusdx", K::Menu, "Районы России");
     mnuprow = add("mnuprow", K::Menu, "Проверка");
+    mnusettings = add("mnusettings", K::Menu, "Настройки…");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);
 }
@@ -254,6 +258,7 @@ void ContestForm::Form_Load() {
     }
     resolveOwnCall();
     Timer1_Timer();
+    applyStationSettings();
     setFocus(txtcall);
 }
 
