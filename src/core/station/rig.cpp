@@ -245,8 +245,6 @@ QString RigTarget::describe() const {
 }
 
 Rig::Rig(QObject* parent) : QObject(parent), shared_(std::make_shared<Shared>()) {
-    qRegisterMetaType<RigReading>();
-    qRegisterMetaType<Rig::State>();
     shared_->owner = this;
     shared_->thread = std::thread([s = shared_] { Shared::run(s); });
 }

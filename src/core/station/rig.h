@@ -36,7 +36,6 @@ class Rig : public QObject {
     Q_OBJECT
   public:
     enum class State { Off, Connecting, Online, Lost };
-    Q_ENUM(State)
 
     explicit Rig(QObject* parent = nullptr);
     ~Rig() override; // waits a moment for the thread, never for a radio that hangs
@@ -54,6 +53,7 @@ class Rig : public QObject {
 
     static constexpr int PollMs = 200;
 
+    // Both signals are emitted on the window's thread (the results are posted there first).
   signals:
     void stateChanged(hfc::Rig::State state, const QString& why);
     // Posted when the frequency or mode changed, after a command was carried out, and after every
@@ -69,5 +69,3 @@ class Rig : public QObject {
 };
 
 } // namespace hfc
-
-Q_DECLARE_METATYPE(hfc::RigReading)
