@@ -215,6 +215,26 @@ TEST_F(RigTest, RestartedDaemonIsFoundAgain) {
     EXPECT_EQ(form->curband, "1,8");
 }
 
+TEST_F(RigTest, ARadioOnThisComputerNeedsNoDaemon) {
+    // Hamlib's dummy model linked in directly: no rigctld between.
+    settings = StationSettings{};
+    settings.rigModel = 1;
+    openWindow();
+    ASSERT_TRUE(waitUntil([&] { return online() && !text("lblfreq").isEmpty(); }, kPatience))
+        << text("lblrig").toStdString();
+    EXPECT_TRUE(text("lblrig").contains("модель 1"));
+    form->click(form->cmbband[4]);
+    ASSERT_TRUE(waitUntil([&] { return text("lblfreq") == "21010.0"; }, kPatience));
+    EXPECT_EQ(form->curband, "21");
+
+    // A model Hamlib does not have is said, not tried in silence.
+    settings.rigModel = 99999;
+    form->applyStationSettings();
+    ASSERT_TRUE(waitUntil([&] { return lost(); }, kPatience));
+    EXPECT_TRUE(text("lblrig").contains("Hamlib не знает модель 99999"))
+        << text("lblrig").toStdString();
+}
+
 TEST_F(RigTest, SettingsWindowPointsTheProgramAtTheRadio) {
     settings = StationSettings{};
     openWindow();
