@@ -29,8 +29,9 @@ const std::vector<DbFileDef>& databaseFiles() {
             "CREATE INDEX IF NOT EXISTS ix_log_contest_ps ON tbllog(ps2, ps)",
             // the band recount counts distinct multipliers per band from these alone
             "CREATE INDEX IF NOT EXISTS ix_log_contest_band_mult ON tbllog(ps2, bband, mult)",
-            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_ps ON tbllog(ps2, bband, ps)"}},
-          {"tbllogTemp", logColumns(), {}},
+            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_ps ON tbllog(ps2, bband, ps)"},
+           logAddedColumns()},
+          {"tbllogTemp", logColumns(), {}, logAddedColumns()},
           {"tbltit",
            {"contest", "ccall", "podgrup", "nname", "ADRESSTRIT", "adregor", "adresstran"},
            {}},
