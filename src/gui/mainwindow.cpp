@@ -5,6 +5,7 @@
 #include "forms/contest/contestform.h"
 #include "otchetview.h"
 #include "paneldock.h"
+#include "settingsview.h"
 #include "viewparts.h"
 
 #include <QApplication>
@@ -43,6 +44,11 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     auto* band = binder_->make("Label1");
     band->setMinimumWidth(70);
     top->addWidget(band);
+    // The radio's frequency and its link, beside the band they decide.
+    auto* freq = binder_->make("lblfreq");
+    freq->setMinimumWidth(70);
+    top->addWidget(freq);
+    top->addWidget(binder_->make("lblrig"));
     top->addWidget(caption(QStringLiteral("Время:")));
     top->addWidget(binder_->make("Label4"));
     top->addWidget(caption(QStringLiteral("Свой позывной:")));
@@ -126,9 +132,9 @@ void MainWindow::buildMenus() {
     bar->addAction(binder_->makeAction("cmbvur", this, QChar(u'В')));
     bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
     auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
-    for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
-                             "mnuQTC", "mnudelet", "mnurestore", "mnuwindos", "mnuprow",
-                             "mnucluster"})
+    for (const char* item :
+         {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx", "mnuQTC", "mnudelet",
+          "mnurestore", "mnuwindos", "mnuprow", "mnucluster", "mnusettings"})
         service->addAction(binder_->makeAction(item, this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
@@ -355,9 +361,13 @@ QWidget* MainWindow::buildStationPanel() {
 
 void MainWindow::openSubWindow(Form* child) {
     if (subWindows_.contains(child)) return;
-    QWidget* view = child->name() == QLatin1String("otchet")
-                        ? static_cast<QWidget*>(new OtchetView(child, this))
-                        : new AutoView(child, this);
+    QWidget* view = nullptr;
+    if (child->name() == QLatin1String("otchet"))
+        view = new OtchetView(child, this);
+    else if (child->name() == QLatin1String("settings"))
+        view = new SettingsView(child, this);
+    else
+        view = new AutoView(child, this);
     subWindows_.insert(child, view);
 }
 

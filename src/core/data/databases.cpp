@@ -68,6 +68,29 @@ QString unusableMessage(const QString& path, const QString& why) {
         .arg(QDir::toNativeSeparators(path), why);
 }
 
+// A file written before a column came gets it, empty in its rows; the rest stays as it was.
+// One transaction: the file has all the new columns or none.
+void upgradeTables(Db& db, const DbFileDef& def) {
+    QStringList alters;
+    for (const TableDef& t : def.tables) {
+        if (t.added.isEmpty()) continue;
+        const QStringList have =
+            db.column(QStringLiteral("SELECT lower(name) FROM pragma_table_info(?1)"), {t.name});
+        for (const QString& c : t.added)
+            if (!have.contains(c.toLower()))
+                alters << QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 TEXT").arg(t.name, c);
+    }
+    if (alters.isEmpty()) return;
+    db.begin();
+    try {
+        for (const QString& a : alters) db.exec(a);
+        db.commit();
+    } catch (const DbError&) {
+        db.rollback();
+        throw;
+    }
+}
+
 // The files a database at path may leave beside it.
 void removeWithCompanions(const QString& path) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"})
@@ -179,6 +202,7 @@ bool Databases::openOne(const DbFileDef& def, QString& error) {
             db.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
             db.exec(QStringLiteral("PRAGMA synchronous=FULL"));
         }
+        upgradeTables(db, def);
         for (const TableDef& t : def.tables)
             for (const QString& ix : t.indexes) db.exec(ix);
         fileIds_.insert(&db, fileId(path));

@@ -96,7 +96,8 @@ bool checkTables(sqlite3* h, const DbFileDef& def, QString& why) {
             return false;
         }
         for (const QString& c : t.columns) {
-            if (!have.contains(c.toLower())) {
+            // A column that came later is added when the file is opened.
+            if (!have.contains(c.toLower()) && !t.added.contains(c)) {
                 why = QStringLiteral("в таблице %1 нет поля %2").arg(t.name, c);
                 return false;
             }

@@ -5,7 +5,13 @@ namespace hfc {
 const QStringList& logColumns() {
     static const QStringList cols = {"ccall",  "ddate", "ttime", "bband", "mode", "rsts", "rstr",
                                      "rsts1",  "rsts2", "rstr1", "rstr2", "mult", "ps",   "point",
-                                     "point2", "contr", "PRF",   "QTH",   "ps1",  "ps2"};
+                                     "point2", "contr", "PRF",   "QTH",   "ps1",  "ps2",  "freq"};
+    return cols;
+}
+
+// freq: the radio's frequency in kHz ("21025.0"), empty when no radio was read.
+const QStringList& logAddedColumns() {
+    static const QStringList cols = {"freq"};
     return cols;
 }
 
@@ -23,8 +29,9 @@ const std::vector<DbFileDef>& databaseFiles() {
             "CREATE INDEX IF NOT EXISTS ix_log_contest_ps ON tbllog(ps2, ps)",
             // the band recount counts distinct multipliers per band from these alone
             "CREATE INDEX IF NOT EXISTS ix_log_contest_band_mult ON tbllog(ps2, bband, mult)",
-            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_ps ON tbllog(ps2, bband, ps)"}},
-          {"tbllogTemp", logColumns(), {}},
+            "CREATE INDEX IF NOT EXISTS ix_log_contest_band_ps ON tbllog(ps2, bband, ps)"},
+           logAddedColumns()},
+          {"tbllogTemp", logColumns(), {}, logAddedColumns()},
           {"tbltit",
            {"contest", "ccall", "podgrup", "nname", "ADRESSTRIT", "adregor", "adresstran"},
            {}},

@@ -11,6 +11,9 @@ struct TableDef {
     QString name;
     QStringList columns;
     QStringList indexes; // full CREATE INDEX statements
+    // Columns that came later: a file written before them lacks them and gets them added in
+    // place when it is opened (they stay empty in the old rows). Also listed in columns.
+    QStringList added = {};
 };
 
 struct DbFileDef {

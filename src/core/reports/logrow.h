@@ -9,6 +9,7 @@ struct LogRow {
     QString rsts, rstr, rsts1, rsts2, rstr1, rstr2;
     QString mult, ps, point, point2;
     QString contr, prf, qth, ps1, ps2;
+    QString freq; // kHz as the radio gave it ("21025.0"); empty without a radio
 };
 
 } // namespace hfc

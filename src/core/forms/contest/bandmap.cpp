@@ -54,9 +54,10 @@ WorkedKey workedKeyOf(ContestForm& f) {
             sqlite3_total_changes64(f.logDb().handle())};
 }
 
-// The radio's frequency in kHz while a rig is connected, 0 when none is: the rig link keeps it
-// in the form variable rigkhz.
+// The radio's frequency in kHz while a rig is connected, 0 when none is; a script or test can
+// give it as the form variable rigkhz.
 double rigKHz(const ContestForm& f) {
+    if (const double khz = f.rigKhz(); khz > 0) return khz;
     if (!f.hasVar(QStringLiteral("rigkhz"))) return 0;
     bool ok = false;
     const double v = f.getVar(QStringLiteral("rigkhz")).toDouble(&ok);
@@ -274,6 +275,7 @@ void ContestForm::takeSpot(bool up) {
 }
 
 void ContestForm::requestQsy(double kHz) {
+    qsyTo(kHz * 1000.0);
     emit qsyRequested(kHz);
 }
 

@@ -1,6 +1,7 @@
 // Band and mode buttons, the totals view switch and the worked-prefix grid.
 #include "data/databases.h"
 #include "forms/contest/contestform.h"
+#include "log/band.h"
 
 #include <QSet>
 
@@ -12,13 +13,6 @@ const char* const Red = "#ff0000";
 const char* const LightGrey = "#e0e0e0";
 const char* const Palette7 = "#c0c0c0";
 const char* const Palette10 = "#00ff00";
-
-// The transceiver's five-byte frequency command per band (index 0..5): packed BCD frequency in
-// units of 10 Hz, least significant byte first, then the opcode 10.
-constexpr unsigned char CatCw[6][5] = {{0, 37, 24, 0, 10}, {0, 16, 53, 0, 10}, {0, 16, 112, 0, 10},
-                                       {0, 16, 64, 1, 10}, {0, 16, 16, 2, 10}, {0, 16, 128, 2, 10}};
-constexpr unsigned char CatSsb[6][5] = {{0, 64, 24, 0, 10}, {0, 0, 54, 0, 10},  {0, 64, 112, 0, 10},
-                                        {0, 80, 65, 1, 10}, {0, 80, 17, 2, 10}, {0, 0, 133, 2, 10}};
 
 } // namespace
 
@@ -36,14 +30,22 @@ void ContestForm::registerBands() {
 
 void ContestForm::cmbband_Click(int index) {
     if (index < 0 || index > 6) return;
+    selectBand(index);
+    qsyToBand(index); // the operator's choice moves the radio too
+}
+
+// The band choice itself, also when the radio's frequency makes it (then nothing goes back to
+// the radio).
+void ContestForm::selectBand(int index) {
     for (Control* b : cmbband) b->setBackcolor(Red);
     for (int b = 0; b < 7; ++b) cmbband[b]->setValue(b == index ? 1 : 0);
     if (curband != cmbband[index]->text()) firstAfterBandChange = true;
     curband = cmbband[index]->text();
-    if (index < 6) {
-        const auto& bytes = cmbmod->text() == QLatin1String("SSB") ? CatSsb[index] : CatCw[index];
+    const BandInfo& band = bandTable()[size_t(index)];
+    if (band.band != Band::Sat) {
+        const int khz = cmbmod->text() == QLatin1String("SSB") ? band.ssbKhz : band.cwKhz;
         QString cmd;
-        for (unsigned char b : bytes) cmd += QChar(b);
+        for (const char b : ft1000mpFrequencyCommand(khz)) cmd += QChar(uchar(b));
         catcmd = cmd;
     }
     cmbband[index]->setBackcolor(LightGrey);
@@ -86,16 +88,23 @@ void ContestForm::cmbband_KeyUp(Event& e) {
 }
 
 void ContestForm::cmbmod_Click() {
-    const QString rst =
-        cmbmod->text() != QLatin1String("CW") ? QStringLiteral("599") : QStringLiteral("59");
-    cmbmod->setText(rst == QLatin1String("599") ? QStringLiteral("CW") : QStringLiteral("SSB"));
+    setMode(cmbmod->text() != QLatin1String("CW") ? QStringLiteral("CW") : QStringLiteral("SSB"));
+    qsyMode(); // the radio goes to the mode the operator chose
+    setFocus(txtcall);
+}
+
+// The mode button's caption, its reports and what depends on them; the focus stays where it is,
+// since the radio may change the mode while the operator types.
+void ContestForm::setMode(const QString& mode) {
+    if (cmbmod->text() == mode) return;
+    const QString rst = mode == QLatin1String("CW") ? QStringLiteral("599") : QStringLiteral("59");
+    cmbmod->setText(mode);
     lblrstr->setText(rst);
     lblrsts->setText(rst);
     rstdef = rst;
     keepSession(QStringLiteral("mode"), cmbmod->text());
     // The championship's exchange depends on the mode: set it up again.
     if (contestcode == QLatin1String("chemp")) fire(QStringLiteral("mnuchemp_Click"));
-    setFocus(txtcall);
 }
 
 void ContestForm::cmbmod_KeyPress(Event& e) {

@@ -79,13 +79,13 @@ bool ContestForm::wwodadd() {
     try {
         db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
                               "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, "
-                              "PRF) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, "
-                              "?13, ?14, ?15, ?16, ?17, ?18)"),
+                              "PRF, freq) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, "
+                              "?12, ?13, ?14, ?15, ?16, ?17, ?18, ?19)"),
                {dupe ? zero : txtpoint->text(), dupe ? zero : txtpoint2->text(), contestcode,
                 txtcall->text(), txtdate->text(), curband, rst, rst, ps1, txttime->text().left(5),
                 lblrstr->text(), txtrstr->text(), lblrsts->text(), txtrsts->text(),
-                dupe ? none : txtmult->text(), dupe ? none : txtmult2->text(), callstrana,
-                callprf});
+                dupe ? none : txtmult->text(), dupe ? none : txtmult2->text(), callstrana, callprf,
+                qsoFreq()});
     } catch (const DbError& e) {
         msgbox(QStringLiteral("QSO с %1 НЕ записано в журнал: %2.\nСтрока ввода оставлена как "
                               "была; устраните причину и нажмите Enter ещё раз.")

@@ -5,6 +5,7 @@
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "station/multiop.h"
+#include "log/band.h"
 
 namespace hfc {
 
@@ -99,9 +100,8 @@ void ContestForm::createControls() {
     txtbandtime = add("txtbandtime", K::TextBox, "00:00:00");
     txtlastqso = add("txtlastqso", K::TextBox, "00:00:00");
 
-    static const char* bands[7] = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
     for (int b = 0; b < 7; ++b)
-        cmbband[b] = add(QStringLiteral("cmbband(%1)").arg(b), K::Option, bands[b]);
+        cmbband[b] = add(QStringLiteral("cmbband(%1)").arg(b), K::Option, bandTable()[b].text);
     cmbmod = add("cmbmod", K::Button, "CW");
     cmbwsego = add("cmbwsego", K::Button, "Всего");
     cmbwsego->setVisible(false);
@@ -145,6 +145,9 @@ void ContestForm::createControls() {
                          QStringLiteral("COM%1").arg(i + 1));
     Option1[0]->setValue(1);
     lblcat = add("lblcat", K::Label);
+    lblfreq = add("lblfreq", K::Label);
+    lblrig = add("lblrig", K::Label);
+    lblrig->setVisible(false);
 
     FRQTC = add("FRQTC", K::Frame);
     FRQTC->setVisible(false);
@@ -173,6 +176,7 @@ void ContestForm::createControls() {
     mnurusdx = add("mnurusdx", K::Menu, "Районы России");
     mnurestore = add("mnurestore", K::Menu, "Восстановить из копии…");
     mnuprow = add("mnuprow", K::Menu, "Проверка");
+    mnusettings = add("mnusettings", K::Menu, "Настройки…");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);
     frstation = add("frstation", K::Frame);
@@ -265,6 +269,7 @@ void ContestForm::Form_Load() {
     resolveOwnCall();
     restoreSession();
     Timer1_Timer();
+    applyStationSettings();
     setFocus(txtcall);
     startCluster();
     startMultiOp();

@@ -12,7 +12,7 @@
 //   commit.cpp        wwodadd, log grid
 //   bands.cpp         band and mode buttons, totals view, prefixlist
 //   keys.cpp          function keys, keyer panel, cwsend/cwkey glue
-//   rig.cpp           CAT link
+//   rig.cpp           CAT link, the radio through Hamlib, the settings window
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
@@ -36,6 +36,9 @@ class ClusterSession;
 class SpotList;
 class BandmapLink;
 class MultiOp;
+class Rig;
+class Ft1000mpLine;
+struct RigReading;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -79,7 +82,9 @@ class ContestForm : public Form {
     Control* txttu;    // the thanks message Enter sends when Enter sends messages
     std::array<Control*, 8> TXTSCOR{};
     std::array<Control*, 4> Option1{};
-    Control* lblcat; // the last frequency command emitted, as byte values
+    Control* lblcat;  // the last frequency command emitted, as byte values
+    Control* lblfreq; // the radio's frequency in kHz ("21025.0"); red outside the bands
+    Control* lblrig;  // the radio link's state; hidden when no radio is set up
     // QTC frame
     Control *FRQTC, *txtqtcnr, *txtqtccall, *txtqtctime, *txtqtcband, *cmbqtc1;
     std::array<Control*, 10> txtqtc{};
@@ -87,6 +92,7 @@ class ContestForm : public Form {
     Control *cmbadd1, *mnudal, *mnupol, *cmbotchet, *cmbvur, *mnudxcc, *mnuserw, *CMBEXIT;
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
     Control *mnuwindos, *mnurusdx, *mnurestore;
+    Control* mnusettings; // "Настройки…": the station's settings window
     Control* Timer1;
     // station panel: the other computers of a multi-operator station, the link's state
     Control *frstation, *lststation, *lblstation;
@@ -243,6 +249,8 @@ class ContestForm : public Form {
     void cmbband_KeyUp(Event& e);
     void cmbmod_KeyPress(Event& e);
     void cmbmod_Click();
+    void selectBand(int index);        // the band choice without moving the radio
+    void setMode(const QString& mode); // "CW" or "SSB", without moving the radio
     void cmbwsego_Click();
     void prefixlist();
     // keys.cpp
@@ -263,6 +271,14 @@ class ContestForm : public Form {
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
+    void mnusettings_Click();
+    // Connects the radio and the FT-1000MP line to what the station's settings say now.
+    void applyStationSettings();
+    Rig* rig() const { return rig_; } // nullptr while no radio is set up
+    void rigReading(const RigReading& r);
+    void qsyToBand(int index); // a band chosen by the operator: the radio goes there
+    void qsyMode();            // the mode chosen by the operator: the radio takes it
+    QString qsoFreq() const;   // kHz for the QSO logged now; empty when no radio answers
     // qtc.cpp
     void txtqtcnr_KeyPress(Event& e);
     void txtqtc_KeyPress(Event& e);
@@ -310,6 +326,8 @@ class ContestForm : public Form {
     QString spotMark(const QString& call); // "повтор", "множ" or ""
     // Asks the rig to move; the rig link connects to qsyRequested.
     void requestQsy(double kHz);
+    void qsyTo(double hz);     // rig.cpp: moves a connected radio there
+    double rigKhz() const;     // rig.cpp: the connected radio's frequency in kHz, 0 when none
     ClusterSession* cluster(); // nullptr until startCluster found a host
     SpotList& spots();
     QString spotkhz; // the frequency of the last spot taken ("14025.0"), empty before one
@@ -366,6 +384,14 @@ class ContestForm : public Form {
     QHash<QString, Form*> subForms_;
     std::unique_ptr<LogTally> tally_;  // recount.cpp
     std::unique_ptr<MultiOp> multiop_; // station.cpp
+    // rig.cpp
+    Rig* rig_ = nullptr;                   // owned (a child), created for the first radio
+    std::shared_ptr<Ft1000mpLine> ftLine_; // the FT-1000MP's serial line, when set up
+    quint64 rigWaitSeq_ = 0;               // readings older than this command are stale
+    double rigHz_ = 0;                     // the last frequency read; 0 when none
+    int rigBand_ = -1;                     // the band of the last reading; -1: outside
+    QString rigMode_;                      // the mode of the last reading
+    std::array<double, 7> bandHz_{};       // the last frequency heard on each band
 };
 
 } // namespace hfc

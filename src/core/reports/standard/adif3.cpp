@@ -86,6 +86,12 @@ QString record(const Adif3Options& options, const LogRow& r) {
     if (date.isValid()) rec.field("QSO_DATE", date.toString(QStringLiteral("yyyyMMdd")));
     rec.field("TIME_ON", hhmmOf(r.ttime));
     rec.field("BAND", adifBand(r.bband));
+    // MHz to the radio's 100 Hz: "21.0255"; "21.025" when the last figure is 0.
+    if (const double khz = qsoKhz(r); khz > 0) {
+        QString mhz = QString::number(khz / 1000.0, 'f', 4);
+        if (mhz.endsWith(QLatin1Char('0'))) mhz.chop(1);
+        rec.field("FREQ", mhz);
+    }
     rec.field("MODE", mode == QsoMode::Cw ? QStringLiteral("CW") : QStringLiteral("SSB"));
     rec.field("RST_SENT", sent.report);
     rec.field("RST_RCVD", rcvd.report);

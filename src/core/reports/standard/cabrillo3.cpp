@@ -45,7 +45,11 @@ QsoMode mostUsedMode(const QList<LogRow>& qsos) {
     return ssb > cw ? QsoMode::Ssb : QsoMode::Cw;
 }
 
-QString frequency(const QString& bband) {
+// The radio's frequency in whole kHz (cut, not rounded: rounding up could put a QSO at a band's
+// top edge past it); without one, the band's lower edge.
+QString frequency(const LogRow& r) {
+    if (const double radio = qsoKhz(r); radio > 0) return QString::number(qint64(radio));
+    const QString& bband = r.bband;
     const int khz = bandKhz(bband);
     if (khz > 0) return QString::number(khz);
     // Not a frequency: shown as typed so the operator sees which QSO it is; the check list
@@ -73,7 +77,7 @@ QString leadingWholeNumber(const QString& text) {
 }
 
 QString qsoLine(const QString& ownCall, const LogRow& r) {
-    QString line = QStringLiteral("QSO: ") + rjust(frequency(r.bband), 5);
+    QString line = QStringLiteral("QSO: ") + rjust(frequency(r), 5);
     line += QLatin1Char(' ') + cabrilloMode(qsoMode(r));
     line += QLatin1Char(' ') + dateText(r.ddate);
     line += QLatin1Char(' ') + timeText(r.ttime);
@@ -132,7 +136,7 @@ QString qtcLine(const QString& ownCall, QtcRole role, const LogRow& q, const QSt
     const QString hhmm = hhmmOf(time);
     if (!hhmm.isEmpty()) time = hhmm;
 
-    QString line = QStringLiteral("QTC: ") + rjust(frequency(q.bband), 5);
+    QString line = QStringLiteral("QTC: ") + rjust(frequency(q), 5);
     line += QLatin1Char(' ') + cabrilloMode(mode);
     line += QLatin1Char(' ') + dateText(q.ddate);
     line += QLatin1Char(' ') + timeText(q.ttime);

@@ -1,5 +1,6 @@
 #include "reports/standard/qsofields.h"
 #include "data/schema.h"
+#include "log/band.h"
 #include "text/dates.h"
 #include "text/translit.h"
 
@@ -13,21 +14,10 @@ namespace hfc {
 
 namespace {
 
-struct BandEdge {
-    const char* bband;
-    int khz;
-    const char* adif;
-    const char* cabrillo;
-};
-
-constexpr BandEdge kBands[] = {{"1,8", 1800, "160m", "160M"}, {"3,5", 3500, "80m", "80M"},
-                               {"7", 7000, "40m", "40M"},     {"14", 14000, "20m", "20M"},
-                               {"21", 21000, "15m", "15M"},   {"28", 28000, "10m", "10M"}};
-
-const BandEdge* contestBand(const QString& bband) {
-    for (const BandEdge& b : kBands)
-        if (bband == QLatin1String(b.bband)) return &b;
-    return nullptr;
+// One of the six HF bands of the band selector ("sat" has no frequency).
+const BandInfo* contestBand(const QString& bband) {
+    const std::optional<Band> b = bandFromText(bband);
+    return b && *b != Band::Sat ? &bandInfo(*b) : nullptr;
 }
 
 // ADIF band limits in kHz for the bands a band text typed by hand may land in.
@@ -72,7 +62,7 @@ bool isContestBand(const QString& bband) {
 }
 
 int bandKhz(const QString& bband) {
-    if (const BandEdge* b = contestBand(bband)) return b->khz;
+    if (const BandInfo* b = contestBand(bband)) return b->lowKhz;
     QString t = bband.trimmed();
     t.replace(QLatin1Char(','), QLatin1Char('.'));
     bool ok = false;
@@ -81,8 +71,16 @@ int bandKhz(const QString& bband) {
     return int(std::lround(mhz * 1000));
 }
 
+double qsoKhz(const LogRow& r) {
+    const BandInfo* band = contestBand(r.bband);
+    bool ok = false;
+    const double khz = r.freq.trimmed().toDouble(&ok);
+    if (!band || !ok || bandOfKhz(khz) != band->band) return 0;
+    return khz;
+}
+
 QString adifBand(const QString& bband) {
-    if (const BandEdge* b = contestBand(bband)) return QLatin1String(b->adif);
+    if (const BandInfo* b = contestBand(bband)) return QLatin1String(b->adif);
     const int khz = bandKhz(bband);
     for (const AdifRange& r : kAdifRanges)
         if (khz >= r.lowKhz && khz <= r.highKhz) return QLatin1String(r.name);
@@ -90,7 +88,7 @@ QString adifBand(const QString& bband) {
 }
 
 QString cabrilloBandCategory(const QString& bband) {
-    const BandEdge* b = contestBand(bband);
+    const BandInfo* b = contestBand(bband);
     return b ? QLatin1String(b->cabrillo) : QString();
 }
 

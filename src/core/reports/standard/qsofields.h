@@ -26,6 +26,10 @@ bool isContestBand(const QString& bband);
 // 0 when the text is not a number.
 int bandKhz(const QString& bband);
 
+// The QSO's frequency in kHz as the radio gave it, when it lies in the band the QSO is logged on;
+// 0 when there is none (no radio, or a reading outside that band).
+double qsoKhz(const LogRow& r);
+
 // ADIF band enumeration value ("20m") of a band text, empty when the frequency is in no band.
 QString adifBand(const QString& bband);
 

@@ -1,0 +1,280 @@
+// The radio through the real rigctld (Hamlib's dummy radio): the window follows it, the band
+// buttons move it, QSOs keep its frequency, and a stopped, killed or restarted daemon is shown
+// and found again. Also the settings window that points the program at it.
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "forms/settings/settingsform.h"
+#include "reports/reportfiles.h"
+#include "reports/standard/adif3.h"
+#include "reports/standard/cabrillo3.h"
+#include "rigctld.h"
+#include "script/scriptedui.h"
+#include "station/rig.h"
+#include "station/settings.h"
+
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace hfc;
+using hfc::test::Rigctld;
+using hfc::test::waitUntil;
+
+namespace {
+
+constexpr int kPatience = 5000; // ms; generous, the build machine is shared
+
+struct RigTest : ::testing::Test {
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    QTemporaryDir dir;
+    QByteArray oldXdg;
+    Databases db;
+    ScriptedUi ui;
+    FixedClock clock;
+    StationSettings settings;
+    Rigctld daemon;
+    std::unique_ptr<ContestForm> form;
+
+    void SetUp() override {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+        oldXdg = qgetenv("XDG_CONFIG_HOME");
+        qputenv("XDG_CONFIG_HOME", (dir.path() + "/config").toLocal8Bit());
+        QString error;
+        ASSERT_TRUE(db.open(dir.path() + "/data", error)) << error.toStdString();
+        clock.set(QDateTime(QDate(2026, 11, 28), QTime(12, 5)),
+                  QDateTime(QDate(2026, 11, 28), QTime(12, 5)));
+        ASSERT_TRUE(daemon.start()) << "rigctld (Debian libhamlib-utils) does not start";
+        settings.rigctld = daemon.address();
+    }
+    void TearDown() override {
+        form.reset();
+        daemon.stop();
+        qputenv("XDG_CONFIG_HOME", oldXdg);
+        app.reset();
+    }
+    void openWindow() {
+        Env env;
+        env.db = &db;
+        env.ui = &ui;
+        env.clock = &clock;
+        env.settings = &settings;
+        form = std::make_unique<ContestForm>(env);
+        form->Form_Load();
+    }
+    QString text(const char* control) { return form->control(control)->text(); }
+    bool online() { return text("lblrig").contains(QStringLiteral("на связи")); }
+    bool lost() { return text("lblrig").contains(QStringLiteral("нет связи")); }
+    void connected() {
+        openWindow();
+        ASSERT_TRUE(waitUntil([&] { return online() && !text("lblfreq").isEmpty(); }, kPatience))
+            << text("lblrig").toStdString();
+    }
+    // The operator turns the radio's dial; the window shows it.
+    void tune(const char* hz, const char* shown) {
+        daemon.rigctl(QStringLiteral("F %1").arg(hz));
+        ASSERT_TRUE(waitUntil([&] { return text("lblfreq") == shown; }, kPatience))
+            << text("lblfreq").toStdString();
+    }
+    bool radioAt(const char* hz) {
+        return waitUntil([&] { return daemon.rigctl("f") == hz; }, kPatience);
+    }
+};
+
+TEST_F(RigTest, BandModeAndFrequencyFollowTheRadio) {
+    connected();
+    EXPECT_FALSE(form->lblrig->backcolor() == "#ff0000");
+    EXPECT_TRUE(text("lblrig").contains(daemon.address()));
+    form->setFocus("txtrstr"); // the operator is typing the exchange meanwhile
+    tune("21025000", "21025.0");
+    EXPECT_EQ(form->curband, "21");
+    EXPECT_TRUE(form->cmbband[4]->checked());
+    EXPECT_EQ(text("Label1"), "21 MHz");
+    EXPECT_EQ(form->lblfreq->backcolor(), "");
+
+    daemon.rigctl("M USB 2400");
+    ASSERT_TRUE(waitUntil([&] { return text("cmbmod") == "SSB"; }, kPatience));
+    EXPECT_EQ(text("lblrstr"), "59");
+    daemon.rigctl("M CW 500");
+    ASSERT_TRUE(waitUntil([&] { return text("cmbmod") == "CW"; }, kPatience));
+    EXPECT_EQ(text("lblrsts"), "599");
+    daemon.rigctl("M FM 15000"); // neither CW nor SSB: the button stays
+    daemon.rigctl("M LSB 2400");
+    ASSERT_TRUE(waitUntil([&] { return text("cmbmod") == "SSB"; }, kPatience));
+
+    // Outside the bands: the band stays, the frequency turns red.
+    tune("10125000", "10125.0");
+    EXPECT_EQ(form->curband, "21");
+    EXPECT_EQ(form->lblfreq->backcolor(), "#ff0000");
+    tune("7001500", "7001.5");
+    EXPECT_EQ(form->curband, "7");
+    EXPECT_EQ(form->lblfreq->backcolor(), "");
+    EXPECT_EQ(form->focusName(), "txtrstr");
+}
+
+TEST_F(RigTest, BandButtonsMoveTheRadioAndNeverFightTheDial) {
+    connected();
+    form->click(form->cmbband[3]); // CW: the band's CW start
+    EXPECT_TRUE(radioAt("14010000"));
+    tune("14025300", "14025.3");
+    // Polls go on; nothing the window does puts the radio back.
+    waitUntil([] { return false; }, 4 * Rig::PollMs);
+    EXPECT_EQ(daemon.rigctl("f"), "14025300");
+    EXPECT_EQ(form->curband, "14");
+
+    form->click(form->cmbband[4]);
+    EXPECT_TRUE(radioAt("21010000"));
+    ASSERT_TRUE(waitUntil([&] { return text("lblfreq") == "21010.0"; }, kPatience));
+    EXPECT_EQ(form->curband, "21");
+    form->click(form->cmbband[3]); // back where the operator left 14 MHz
+    EXPECT_TRUE(radioAt("14025300"));
+
+    // SSB: the mode goes to the radio, and a band not used yet starts at its SSB point.
+    form->cmbmod_Click();
+    ASSERT_TRUE(waitUntil([&] { return daemon.rigctl("m").startsWith("USB"); }, kPatience));
+    EXPECT_EQ(text("cmbmod"), "SSB");
+    form->setFocus(form->cmbband[3]);
+    form->pressKey(keys::Left); // the keys walk the band row, and the radio with them
+    EXPECT_TRUE(radioAt("7040000"));
+    EXPECT_EQ(form->curband, "7");
+    // "sat" has no HF frequency: the radio stays.
+    form->click(form->cmbband[6]);
+    waitUntil([] { return false; }, 2 * Rig::PollMs);
+    EXPECT_EQ(daemon.rigctl("f"), "7040000");
+    EXPECT_EQ(form->curband, "sat");
+}
+
+TEST_F(RigTest, EachQsoKeepsTheFrequencyInTheLogAndBothFiles) {
+    connected();
+    form->contestcode = "cqww";
+    tune("14025560", "14025.6");
+    const auto log = [&](const char* call) {
+        form->txtcall->setText(call);
+        form->txtrstr->setText("16");
+        form->wwodadd();
+    };
+    log("DL1ABC");
+    EXPECT_EQ(db.contest.scalar("SELECT freq FROM tbllog WHERE ccall = 'DL1ABC'"), "14025.6");
+
+    daemon.stop(); // the daemon is gone: no frequency rather than a stale one
+    ASSERT_TRUE(waitUntil([&] { return lost(); }, kPatience));
+    EXPECT_EQ(text("lblfreq"), "");
+    clock.advance(60);
+    form->txtdate->setText("28.11.26");
+    form->txttime->setText("12:06:00");
+    log("DL2ABC");
+    EXPECT_EQ(db.contest.scalar("SELECT freq FROM tbllog WHERE ccall = 'DL2ABC'"), "");
+
+    const QList<LogRow> rows = logInReportOrder(db.contest);
+    Cabrillo3Header h;
+    h.callsign = "UA3ABC";
+    const QString cabrillo = QString::fromLatin1(cabrillo3File(h, "cqww", rows, {}));
+    EXPECT_TRUE(cabrillo.contains("QSO: 14025 CW ")) << cabrillo.toStdString();
+    EXPECT_TRUE(cabrillo.contains("QSO: 14000 CW ")) << cabrillo.toStdString(); // the band edge
+    const QString adif = QString::fromLatin1(adif3File({}, rows));
+    EXPECT_EQ(adif.count("<FREQ:7>14.0256"), 1) << adif.toStdString();
+    EXPECT_EQ(adif.count("<FREQ:"), 1);
+}
+
+TEST_F(RigTest, StoppedDaemonIsShownAndUsedAgainWhenItContinues) {
+    connected();
+    tune("7025000", "7025.0");
+    daemon.freeze();
+    ASSERT_TRUE(waitUntil([&] { return lost(); }, kPatience));
+    EXPECT_EQ(form->lblrig->backcolor(), "#ff0000");
+    EXPECT_EQ(text("lblfreq"), "");
+    EXPECT_EQ(form->qsoFreq(), "");
+    // The window goes on taking keys while the radio hangs.
+    form->setFocus("txtcall");
+    form->typeText("ua3abc");
+    EXPECT_EQ(text("txtcall"), "UA3ABC");
+
+    daemon.cont();
+    ASSERT_TRUE(waitUntil([&] { return online(); }, kPatience));
+    tune("3525000", "3525.0");
+    EXPECT_EQ(form->curband, "3,5");
+    EXPECT_EQ(form->qsoFreq(), "3525.0");
+}
+
+TEST_F(RigTest, RestartedDaemonIsFoundAgain) {
+    connected();
+    tune("28025000", "28025.0");
+    daemon.stop();
+    ASSERT_TRUE(waitUntil([&] { return lost(); }, kPatience));
+    ASSERT_TRUE(daemon.start());
+    ASSERT_TRUE(waitUntil([&] { return online() && !text("lblfreq").isEmpty(); }, kPatience));
+    // A new dummy radio starts on 145 MHz: no HF band, the window keeps 28 MHz.
+    EXPECT_EQ(text("lblfreq"), "145000.0");
+    EXPECT_EQ(form->curband, "28");
+    tune("1830000", "1830.0");
+    EXPECT_EQ(form->curband, "1,8");
+}
+
+TEST_F(RigTest, ARadioOnThisComputerNeedsNoDaemon) {
+    // Hamlib's dummy model linked in directly: no rigctld between.
+    settings = StationSettings{};
+    settings.rigModel = 1;
+    openWindow();
+    ASSERT_TRUE(waitUntil([&] { return online() && !text("lblfreq").isEmpty(); }, kPatience))
+        << text("lblrig").toStdString();
+    EXPECT_TRUE(text("lblrig").contains("модель 1"));
+    // Not heard on 21 MHz in this run: the radio goes where the last QSO there was made.
+    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, freq) VALUES ('DL1ABC', '21', ?1, "
+                   "'21033.3')",
+                   {form->contestcode});
+    form->click(form->cmbband[4]);
+    ASSERT_TRUE(waitUntil([&] { return text("lblfreq") == "21033.3"; }, kPatience));
+    EXPECT_EQ(form->curband, "21");
+
+    // A model Hamlib does not have is said, not tried in silence.
+    settings.rigModel = 99999;
+    form->applyStationSettings();
+    ASSERT_TRUE(waitUntil([&] { return lost(); }, kPatience));
+    EXPECT_TRUE(text("lblrig").contains("Hamlib не знает модель 99999"))
+        << text("lblrig").toStdString();
+}
+
+TEST_F(RigTest, SettingsWindowPointsTheProgramAtTheRadio) {
+    settings = StationSettings{};
+    openWindow();
+    EXPECT_EQ(form->rig(), nullptr);
+    EXPECT_FALSE(form->lblrig->visible());
+    form->mnusettings_Click();
+    auto* w = static_cast<SettingsForm*>(form->subForm("settings"));
+    ASSERT_NE(w, nullptr);
+    ASSERT_TRUE(w->isShown());
+
+    // Not an address: said, and nothing is written or used.
+    w->txtrigctld->setText("localhost");
+    ui.queueAnswer(Ui::Answer::Ok);
+    w->cmdsave_Click();
+    EXPECT_TRUE(ui.takeShown().join("\n").contains("ХОСТ:ПОРТ"));
+    EXPECT_EQ(w->focusName(), "txtrigctld");
+    EXPECT_FALSE(QFile::exists(StationSettings::defaultPath()));
+    EXPECT_EQ(form->rig(), nullptr);
+
+    w->txtrigctld->setText(daemon.address());
+    w->cmdsave_Click();
+    EXPECT_FALSE(w->isShown());
+    EXPECT_EQ(settings.rigctld, daemon.address());
+    QSettings conf(StationSettings::defaultPath(), QSettings::IniFormat);
+    EXPECT_EQ(conf.value("rig/rigctld").toString(), daemon.address());
+    ASSERT_TRUE(waitUntil([&] { return online(); }, kPatience));
+    tune("14030000", "14030.0");
+    EXPECT_EQ(form->curband, "14");
+
+    // Emptied again: the radio is let go.
+    form->mnusettings_Click();
+    EXPECT_EQ(w->txtrigctld->text(), daemon.address());
+    w->txtrigctld->setText("");
+    w->cmdsave_Click();
+    ASSERT_TRUE(waitUntil([&] { return !form->lblrig->visible(); }, kPatience));
+    EXPECT_EQ(text("lblfreq"), "");
+}
+
+} // namespace

@@ -1,0 +1,81 @@
+#pragma once
+// The real Hamlib daemon for tests: `rigctld -m 1` (Hamlib's dummy radio) on a free local port,
+// and `rigctl` through it to turn the radio's knobs as an operator would.
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QThread>
+#include <csignal>
+#include <functional>
+
+namespace hfc::test {
+
+class Rigctld {
+  public:
+    Rigctld() : port_(freePort()) {}
+    ~Rigctld() { stop(); }
+
+    quint16 port() const { return port_; }
+    QString address() const { return QStringLiteral("127.0.0.1:%1").arg(port_); }
+
+    // Starts the daemon and waits until it takes connections.
+    bool start() {
+        proc_.setProgram(QStringLiteral("rigctld"));
+        proc_.setArguments({"-m", "1", "-T", "127.0.0.1", "-t", QString::number(port_)});
+        proc_.setStandardOutputFile(QProcess::nullDevice());
+        proc_.setStandardErrorFile(QProcess::nullDevice());
+        proc_.start();
+        if (!proc_.waitForStarted(5000)) return false;
+        for (int i = 0; i < 100; ++i) {
+            QTcpSocket s;
+            s.connectToHost(QStringLiteral("127.0.0.1"), port_);
+            if (s.waitForConnected(100)) return true;
+            QThread::msleep(50);
+        }
+        return false;
+    }
+    void stop() {
+        if (proc_.state() == QProcess::NotRunning) return;
+        cont();
+        proc_.kill();
+        proc_.waitForFinished(5000);
+    }
+    void freeze() { ::kill(pid_t(proc_.processId()), SIGSTOP); }
+    void cont() { ::kill(pid_t(proc_.processId()), SIGCONT); }
+
+    // One rigctl command through the daemon ("F 21025000", "M USB 2400", "f"); its output.
+    QString rigctl(const QString& command) const {
+        QProcess p;
+        QStringList args{"-m", "2", "-r", address()};
+        args << command.split(QLatin1Char(' '));
+        p.start(QStringLiteral("rigctl"), args);
+        p.waitForFinished(10000);
+        return QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed();
+    }
+
+    static quint16 freePort() {
+        QTcpServer s;
+        s.listen(QHostAddress::LocalHost, 0);
+        return s.serverPort();
+    }
+
+  private:
+    quint16 port_;
+    QProcess proc_;
+};
+
+// Runs the event loop until pred holds or ms have passed; pred's last value.
+inline bool waitUntil(const std::function<bool()>& pred, int ms) {
+    QElapsedTimer t;
+    t.start();
+    while (!pred()) {
+        if (t.elapsed() > ms) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        QThread::msleep(10);
+    }
+    return true;
+}
+
+} // namespace hfc::test
