@@ -32,6 +32,7 @@ void ContestForm::registerBands() {
     on("cmbmod_KeyPress", [this](Event& e) { cmbmod_KeyPress(e); }, {"KeyAscii"});
     proc("cmbwsego_Click", [this] { cmbwsego_Click(); });
     proc("prefixlist", [this] { prefixlist(); });
+    proc("refreshMultWindow", [this] { refreshMultWindow(); });
 }
 
 void ContestForm::cmbband_Click(int index) {
@@ -49,6 +50,7 @@ void ContestForm::cmbband_Click(int index) {
     cmbband[index]->setBackcolor(LightGrey);
     bandsame = index == bandprev ? 1 : 0;
     Label1->setText(curband + QStringLiteral(" MHz"));
+    refreshMultWindow();
 }
 
 void ContestForm::cmbband_GotFocus(int) {
@@ -115,6 +117,16 @@ void ContestForm::cmbwsego_Click() {
         }
     }
     setFocus(txtcall);
+}
+
+// The window shows what is worked where the operator now is: another band's or contest's marks
+// go first, then the worked ones are marked again (the whole contest's under "Всего").
+void ContestForm::refreshMultWindow() {
+    const bool perBand = cmbwsego->text() != QStringLiteral("Всего");
+    if (perBand && !curband.isEmpty()) cmbwsego->setText(curband + QStringLiteral("MHz"));
+    if (mwidmode != 1)
+        for (Control* c : txtMwid) c->setBackcolor(perBand && bandmult == 1 ? Palette7 : "");
+    prefixlist();
 }
 
 void ContestForm::prefixlist() {

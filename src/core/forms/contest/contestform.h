@@ -16,6 +16,8 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+//   rates.cpp         the QSO rates from the log, the status line
+//   logcheck.cpp      the log check of the "Сервис" menu
 #include "data/logtally.h"
 #include "forms/form.h"
 
@@ -80,6 +82,8 @@ class ContestForm : public Form {
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
     Control *mnuwindos, *mnurusdx;
     Control* Timer1;
+    // rates from the log, the status line under the entry line, the contest finder
+    Control *lblrate60 = nullptr, *lblrate10 = nullptr, *lblstatus = nullptr, *mnufind = nullptr;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode = QStringLiteral("hi hi");
@@ -190,6 +194,9 @@ class ContestForm : public Form {
     void wwodcall();
     void DBList1_Click();
     void applyRepeatRules();
+    void leaveCall();  // Enter or Space in the call box: on to the exchange
+    void wipeEntry();  // Alt+W, Ctrl+W: the entry line afresh, nothing logged
+    void showEarlierQsos(const QString& call);
     std::vector<QStringList> timelist; // ccall, ttime of the time list (lzo, raem, chemp, ES)
     // exchange.cpp
     void wwodrstr();
@@ -225,6 +232,7 @@ class ContestForm : public Form {
     void cmbmod_Click();
     void cmbwsego_Click();
     void prefixlist();
+    void refreshMultWindow();
     // keys.cpp
     void Form_KeyDown(Event& e);
     void lblNul_Click();
@@ -235,6 +243,7 @@ class ContestForm : public Form {
     void cwkey();
     Keyer* keyer();   // nullptr until the first message
     int commport = 1; // the panel's COM choice, 1..4
+    bool keyerChosen = true; // a port picked on the panel, or a keyer named in the settings
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
@@ -257,12 +266,22 @@ class ContestForm : public Form {
     bool transferLog();        // false, after a message, when the station log cannot take the rows
     bool clearLog();           // mnudelet_Click's work; false when no backup could be made
     bool backupLog();          // a dated copy of dbcontest before log rows are deleted
+    void showLogAsItIs();      // every view of the log read again after a clearing
     bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
     // windows.cpp
     void mnupol_Click();
     void cmbotchet_Click();
     void mnudxcc_Click();
     void mnurusdx_Click();
+    void mnufind_Click(); // the contest finder (Ctrl+K)
+    // rates.cpp
+    void showRates();
+    void tickRates(); // the clock's part: once a minute
+    QString rateminute;
+    // logcheck.cpp
+    QString checkReport(); // the text the log check shows
+    // The status line: a word the operator should see without a box in the way.
+    void status(const QString& text);
 
   signals:
     void exitRequested();
@@ -287,6 +306,7 @@ class ContestForm : public Form {
     void registerQtc();
     void registerMaintenance();
     void registerWindows();
+    void registerRates();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
     Keyer* ensureKeyer();

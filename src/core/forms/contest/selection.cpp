@@ -78,6 +78,8 @@ void ContestForm::selectContest(const QString& menuItem) {
             for (int i = 0; i <= mwidlast; ++i) txtMwid[i]->setText(contests::windowBox(*c, i));
     }
 
+    refreshMultWindow();
+    showRates();
     setFocus(QStringLiteral("cmbband"));
 }
 

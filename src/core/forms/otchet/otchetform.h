@@ -5,6 +5,7 @@
 //   otchetform.cpp       controls, activation (recount, date range), folder list, exit
 //   writerbuttons.cpp    the Cabrillo, ADIF, .LOG and .SUM buttons
 //   standardbuttons.cpp  Cabrillo 3.0 and ADIF 3.1, the category boxes and the check list
+//   ratechart.cpp        the band-by-hour table and the rate chart's PNG
 #include "forms/form.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/writers.h"
@@ -43,6 +44,11 @@ class OtchetForm : public Form {
     Control *cmbcatop, *cmbcatassist, *cmbcatband, *cmbcatmode, *cmbcatpower, *cmbcatstation,
         *cmbcattx, *cmbqtcrole;
     Control *cmbcab3, *cmbadif3;
+    // The contest hour by hour: QSOs per band (the chart draws these rows) and its PNG button.
+    Control *grdhours, *cmbchart;
+    // Draws the chart into a PNG file; set by the window that shows the chart. Unset (the
+    // script driver), the button says the chart is drawn only in the window.
+    std::function<bool(const QString& path)> chartWriter;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode; // the main window's code, copied at activation
@@ -61,6 +67,7 @@ class OtchetForm : public Form {
     void cmbtit_Click();
     void cmbcab3_Click();
     void cmbadif3_Click();
+    void cmbchart_Click();
 
   private:
     void createControls();
@@ -80,6 +87,9 @@ class OtchetForm : public Form {
     void checkLog(); // reads the log
     void checkLog(const QList<LogRow>& rowsInEntryOrder);
     Cabrillo3Header cabrillo3Header(const QList<LogRow>& rows);
+    // ratechart.cpp
+    void createChartControls();
+    void fillHours();
 
     std::function<QString()> currentContest_;
     BoundRow* station_ = nullptr; // tbltit
