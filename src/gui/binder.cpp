@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFileSystemModel>
@@ -16,7 +17,6 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QClipboard>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>

@@ -24,6 +24,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace hfc {
 
@@ -87,6 +88,8 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     earlier->addWidget(caption(QStringLiteral("Прежние связи")));
     QWidget* earlierGrid = binder_->make("DBGrid1");
     earlierGrid->setProperty("hfcFollowLast", true); // the last QSO with the station in view
+    if (auto* t = qobject_cast<QTableView*>(earlierGrid))
+        t->horizontalHeader()->setDefaultSectionSize(64);
     earlier->addWidget(earlierGrid);
     middle->addLayout(earlier, 2);
     middle->addWidget(buildScorePanel());
@@ -94,9 +97,13 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
 
     auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
     // A whole log row fits the window's width: narrow columns, a wider one for the call.
-    log->horizontalHeader()->setDefaultSectionSize(72);
-    for (int col = 0; col < log->model()->columnCount(); ++col)
-        log->setColumnWidth(col, col ? 72 : 104);
+    log->horizontalHeader()->setDefaultSectionSize(66);
+    for (int col = 0; col < log->model()->columnCount(); ++col) {
+        // Narrow columns, each as wide as its heading; a wider one for the call.
+        const QString head = log->model()->headerData(col, Qt::Horizontal).toString();
+        const int fit = log->horizontalHeader()->fontMetrics().horizontalAdvance(head) + 16;
+        log->setColumnWidth(col, col ? std::max(56, fit) : 104);
+    }
     log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 

@@ -129,11 +129,10 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
     // Tab walks the station data, the standard exports, the folder and the old file buttons;
     // the band table, filled by the recount, is left out of the round.
     for (const char* name :
-         {"tcont",        "tcall",      "tpod",       "tname",         "tadres",
-          "tgor",         "tstr",       "Text4",      "cmbcatop",      "cmbcatassist",
-          "cmbcatband",   "cmbcatmode", "cmbcatpower", "cmbcatstation", "cmbcattx",
-          "cmbqtcrole",   "cmbcab3",    "cmbadif3",   "txtput",        "Ccabrila",
-          "cmbAdif",      "cmbreport",  "cmbtit",     "Command1"})
+         {"tcont",       "tcall",         "tpod",     "tname",        "tadres",     "tgor",
+          "tstr",        "Text4",         "cmbcatop", "cmbcatassist", "cmbcatband", "cmbcatmode",
+          "cmbcatpower", "cmbcatstation", "cmbcattx", "cmbqtcrole",   "cmbcab3",    "cmbadif3",
+          "txtput",      "Ccabrila",      "cmbAdif",  "cmbreport",    "cmbtit",     "Command1"})
         if (QWidget* w = binder_->widget(QLatin1String(name))) tabChain_ << w;
     Binder::followShown(form, this);
 }

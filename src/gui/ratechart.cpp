@@ -2,6 +2,8 @@
 
 #include "forms/control.h"
 
+#include <QPainter>
+#include <QPixmap>
 #include <QtCharts/QBarCategoryAxis>
 #include <QtCharts/QBarSet>
 #include <QtCharts/QChart>
@@ -64,8 +66,19 @@ void RateChart::redraw() {
 }
 
 bool RateChart::savePng(const QString& path) {
-    if (width() < 900 || height() < 500) resize(std::max(width(), 900), std::max(height(), 500));
-    return grab().save(path, "PNG");
+    // Drawn at a size of its own, whether or not the window shows the chart just now.
+    const QSizeF shown = chart()->size();
+    const QSizeF size(std::max(shown.width(), 900.0), std::max(shown.height(), 500.0));
+    chart()->resize(size);
+    QPixmap picture(size.toSize());
+    picture.fill(Qt::white);
+    {
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        scene()->render(&painter, QRectF(QPointF(), size), QRectF(chart()->pos(), size));
+    }
+    chart()->resize(shown);
+    return picture.save(path, "PNG");
 }
 
 } // namespace hfc

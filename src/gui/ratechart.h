@@ -11,7 +11,7 @@ class RateChart : public QChartView {
     Q_OBJECT
   public:
     explicit RateChart(Control* hoursGrid, QWidget* parent = nullptr);
-    bool savePng(const QString& path); // the chart as it stands, at least 900x500
+    bool savePng(const QString& path); // the chart at 900x500 or the size it is shown at
 
   private:
     void redraw();

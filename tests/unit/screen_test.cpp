@@ -46,12 +46,10 @@ TEST(Hourly, QsosPerHourAndBandWithTheQuietHoursBetween) {
         r.ttime = time;
         return r;
     };
-    const QList<HourRow> h = qsosByHour({row("DL1ABC", "14", "30.11.02", "12:00"),
-                                         row("G4ABC", "14", "30.11.02", "12:59"),
-                                         row("\"", "14", "30.11.02", "12:30"),
-                                         row("K1ZZ", "21", "30.11.02", "14:10"),
-                                         row("JA1A", "7", "bad", "14:10"),
-                                         row("W1AW", "28", "05.12.02", "10:00")});
+    const QList<HourRow> h = qsosByHour(
+        {row("DL1ABC", "14", "30.11.02", "12:00"), row("G4ABC", "14", "30.11.02", "12:59"),
+         row("\"", "14", "30.11.02", "12:30"), row("K1ZZ", "21", "30.11.02", "14:10"),
+         row("JA1A", "7", "bad", "14:10"), row("W1AW", "28", "05.12.02", "10:00")});
     ASSERT_EQ(h.size(), 4); // 12, 13 (quiet), 14, then days later without the empty hours
     EXPECT_EQ(h[0].hour, "30.11.02 12");
     EXPECT_EQ(h[0].perBand[3], 2);
@@ -127,10 +125,10 @@ TEST_F(EntryFixture, FunctionKeysWithoutAChosenKeyerSayItOnTheStatusLine) {
 TEST_F(EntryFixture, LogCheckListsRepeatsAndRefusedExchangesInAWindow) {
     form->contestcode = "cqww";
     db.contest.exec("INSERT INTO tbllog (ccall, bband, ps2, ttime, ddate, rsts, rstr2, ps1) "
-                   "VALUES ('DL1ABC', '14', 'cqww', '12:00', '30.11.02', '599', '14', 'CW'), "
-                   "('DL1ABC', '14', 'cqww', '12:01', '30.11.02', '599', '14', 'CW'), "
-                   "('DL1ABC', '14', 'cqww', '12:02', '30.11.02', '59', '14', 'SSB'), "
-                   "('K1ZZ', '14', 'cqww', '12:03', '30.11.02', '599', '99', 'CW')");
+                    "VALUES ('DL1ABC', '14', 'cqww', '12:00', '30.11.02', '599', '14', 'CW'), "
+                    "('DL1ABC', '14', 'cqww', '12:01', '30.11.02', '599', '14', 'CW'), "
+                    "('DL1ABC', '14', 'cqww', '12:02', '30.11.02', '59', '14', 'SSB'), "
+                    "('K1ZZ', '14', 'cqww', '12:03', '30.11.02', '599', '99', 'CW')");
     form->fire("mnuprow_Click");
     Form* w = form->subForm("prow");
     ASSERT_NE(w, nullptr);

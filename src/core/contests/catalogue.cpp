@@ -195,7 +195,7 @@ constexpr CaptionRow kCaptions[] = {
     {"cqm", kCqm},         {"cro", kCro},           {"raem", kRaem},       {"toec", kSecondMult},
     {"uba", kSecondMult},  {"wae", kWae},           {"hel", kListWindow},  {"jid", kListWindow},
     {"lzd", kListWindow},  {"ok", kListWindow},     {"pacc", kListWindow}, {"sp", kListWindow},
-    {"ukr", kListWindow},  {"wag", kListWindow},   {"ES", kListWindow},
+    {"ukr", kListWindow},  {"wag", kListWindow},    {"ES", kListWindow},
 };
 
 constexpr MultList kLists[] = {

@@ -16,7 +16,10 @@ QString entryText(const contests::Contest& c) {
 
 QStringList matchingContests(const QString& filter) {
     const QStringList words = filter.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    QStringList out;
+    const QString joined = words.join(QString());
+    // The contest whose code is what was typed comes first ("cq ww" is CQ WW, not CQ WW 160 m),
+    // then those whose menu name begins with it, then the rest, each in menu order.
+    QStringList exact, starts, out;
     for (const QString& item : contests::menuOrder()) {
         const contests::Contest* c = contests::byMenuItem(item);
         if (!c) continue;
@@ -25,9 +28,15 @@ QStringList matchingContests(const QString& filter) {
                             QString::fromUtf8(c->title);
         bool all = true;
         for (const QString& w : words) all = all && hay.contains(w, Qt::CaseInsensitive);
-        if (all) out << item;
+        if (!all) continue;
+        if (QString::fromUtf8(c->code).compare(joined, Qt::CaseInsensitive) == 0)
+            exact << item;
+        else if (QString::fromUtf8(c->caption).startsWith(filter.trimmed(), Qt::CaseInsensitive))
+            starts << item;
+        else
+            out << item;
     }
-    return out;
+    return exact + starts + out;
 }
 
 ChooserForm::ChooserForm(const Env& env, std::function<void(const QString&)> chooseItem,

@@ -65,6 +65,8 @@ void ContestForm::cmbband_KeyPress(Event& e) {
         click(cmbband[e.index]);
     // Enter confirms the band: the totals show it, the transceiver gets its frequency.
     emitCatOnBandEnter(e.index);
+    refreshMultWindow(); // the window's view is now the band's
+
     // The operator chose the band to log on it: typing goes on in the callsign box.
     setFocus(txtcall);
 }

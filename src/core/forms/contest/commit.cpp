@@ -12,7 +12,7 @@ namespace {
 
 // The fields behind the log grid's columns, in column order.
 const QStringList& grid3Fields() {
-    static const QStringList f = {"ccall", "rstr1", "rstr2", "rsts1", "rsts2", "mult", "ps",
+    static const QStringList f = {"ccall", "rstr1",  "rstr2", "rsts1", "rsts2", "mult", "ps",
                                   "point", "point2", "bband", "ttime", "ddate", "mode"};
     return f;
 }

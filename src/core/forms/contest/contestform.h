@@ -194,8 +194,8 @@ class ContestForm : public Form {
     void wwodcall();
     void DBList1_Click();
     void applyRepeatRules();
-    void leaveCall();  // Enter or Space in the call box: on to the exchange
-    void wipeEntry();  // Alt+W, Ctrl+W: the entry line afresh, nothing logged
+    void leaveCall(); // Enter or Space in the call box: on to the exchange
+    void wipeEntry(); // Alt+W, Ctrl+W: the entry line afresh, nothing logged
     void showEarlierQsos(const QString& call);
     std::vector<QStringList> timelist; // ccall, ttime of the time list (lzo, raem, chemp, ES)
     // exchange.cpp
@@ -241,8 +241,8 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();   // nullptr until the first message
-    int commport = 1; // the panel's COM choice, 1..4
+    Keyer* keyer();          // nullptr until the first message
+    int commport = 1;        // the panel's COM choice, 1..4
     bool keyerChosen = true; // a port picked on the panel, or a keyer named in the settings
     // rig.cpp
     void mnuCAT_Click();

@@ -170,8 +170,8 @@ void ContestForm::DBList1_Click() {
 // Every QSO of the contest with the station, on every band: the band column tells the
 // operator where it was worked, also when this band's partial list has nothing.
 void ContestForm::showEarlierQsos(const QString& call) {
-    static const QStringList columns = {"Позывной", "Дата",   "Время",   "Диапазон", "Передан",
-                                        "Номер",    "Принят", "Обмен",   "Множ.",    "Множ. 2",
+    static const QStringList columns = {"Позывной", "Дата",   "Время",    "Диапазон", "Передан",
+                                        "Номер",    "Принят", "Обмен",    "Множ.",    "Множ. 2",
                                         "Очки",     "Очки 2", "Вид/Повт."};
     DBGrid1->setTable(columns, earlierQsos(logDb(), contestcode, call));
 }

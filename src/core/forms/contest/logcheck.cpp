@@ -1,9 +1,9 @@
 // "Сервис" → "Проверка": the log checked as a sponsor's robot would, shown in a window.
+#include "reports/logcheck.h"
 #include "contests/exchangecheck.h"
 #include "data/databases.h"
 #include "forms/contest/contestform.h"
 #include "forms/prow/prowform.h"
-#include "reports/logcheck.h"
 #include "reports/reportfiles.h"
 #include "reports/standard/lint.h"
 

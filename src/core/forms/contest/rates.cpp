@@ -1,6 +1,6 @@
 // The rates beside the totals, from the log: a restart loses nothing of them.
-#include "data/databases.h"
 #include "data/rates.h"
+#include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 

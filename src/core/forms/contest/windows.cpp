@@ -64,9 +64,7 @@ void ContestForm::mnudxcc_Click() {
 void ContestForm::mnufind_Click() {
     Form* w = subForms_.value("chooser");
     if (!w) {
-        const auto choose = [this](const QString& item) {
-            fire(item + QStringLiteral("_Click"));
-        };
+        const auto choose = [this](const QString& item) { fire(item + QStringLiteral("_Click")); };
         subForms_.insert("chooser", w = new ChooserForm(env(), choose, this));
     }
     openWindow(*this, w);

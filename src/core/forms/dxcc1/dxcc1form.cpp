@@ -103,8 +103,8 @@ void Dxcc1Form::showRows(const QString& sql, const QString& pattern) {
     Db& db = env().db->dxcc;
     // The table's own column names mean nothing to a reader: each gets its Russian heading.
     static const QHash<QString, QString> headings = {
-        {"prf", "Префикс"},      {"PREF", "Префикс страны"}, {"strana", "Страна"},
-        {"kont", "Континент"},   {"iaru", "Зона ITU"},       {"cq", "Зона CQ"}};
+        {"prf", "Префикс"},    {"PREF", "Префикс страны"}, {"strana", "Страна"},
+        {"kont", "Континент"}, {"iaru", "Зона ITU"},       {"cq", "Зона CQ"}};
     QStringList columns = db.columnNames(sql);
     for (QString& c : columns) c = headings.value(c, c);
     DBGrid1->setTable(columns, db.query(sql, {pattern}));
