@@ -102,7 +102,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
         // Narrow columns, each as wide as its heading; a wider one for the call.
         const QString head = log->model()->headerData(col, Qt::Horizontal).toString();
         const int fit = log->horizontalHeader()->fontMetrics().horizontalAdvance(head) + 16;
-        log->setColumnWidth(col, col ? std::max(56, fit) : 104);
+        log->setColumnWidth(col, col ? std::max(66, fit) : 104);
     }
     log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);

@@ -146,7 +146,7 @@ QWidget* OtchetView::buildRatePage() {
     row->addWidget(chart, 3);
     auto* table = qobject_cast<QTableView*>(binder_->make("grdhours"));
     table->horizontalHeader()->setDefaultSectionSize(44);
-    table->setColumnWidth(0, 90);
+    table->setColumnWidth(0, 112);
     row->addWidget(table, 2);
     v->addLayout(row, 1);
     v->addWidget(binder_->make("cmbchart"), 0, Qt::AlignLeft);

@@ -56,6 +56,11 @@ void RateChart::redraw() {
     series->attachAxis(x);
     auto* y = new QValueAxis;
     y->setRange(0, std::max(peak, 1));
+    // Whole QSOs on the scale: a tick per QSO while few, round steps beyond.
+    if (peak <= 10)
+        y->setTickCount(std::max(peak, 1) + 1);
+    else
+        y->applyNiceNumbers();
     y->setLabelFormat(QStringLiteral("%d"));
     y->setTitleText(QStringLiteral("QSO"));
     chart->addAxis(y, Qt::AlignLeft);
