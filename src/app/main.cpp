@@ -1,5 +1,6 @@
 // hfcontest: the contest logger.
 #include "data/databases.h"
+#include "data/restore.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "keyer/serialkeyport.h"
@@ -19,6 +20,12 @@ int main(int argc, char** argv) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout), err(stderr);
         return hfc::runExportCommand(app.arguments().mid(2), out, err);
+    }
+    // `hfcontest restore [--data-dir DIR] BACKUP` puts a backup in place of the log.
+    if (argc > 1 && std::strcmp(argv[1], "restore") == 0) {
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout), err(stderr);
+        return hfc::runRestoreCommand(app.arguments().mid(2), out, err);
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("hfcontest"));

@@ -159,7 +159,7 @@ void MainWindow::buildMenus() {
     bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
     auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
-                             "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
+                             "mnuQTC", "mnudelet", "mnurestore", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }

@@ -166,6 +166,7 @@ void ContestForm::createControls() {
     mnudelet = add("mnudelet", K::Menu, "Очистить базу");
     mnuwindos = add("mnuwindos", K::Menu, "Перевод  Win  *.txt в DOS *.txt ");
     mnurusdx = add("mnurusdx", K::Menu, "Районы России");
+    mnurestore = add("mnurestore", K::Menu, "Восстановить из копии…");
     mnuprow = add("mnuprow", K::Menu, "Проверка");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);

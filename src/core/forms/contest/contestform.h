@@ -80,7 +80,7 @@ class ContestForm : public Form {
     // menus
     Control *cmbadd1, *mnudal, *mnupol, *cmbotchet, *cmbvur, *mnudxcc, *mnuserw, *CMBEXIT;
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
-    Control *mnuwindos, *mnurusdx;
+    Control *mnuwindos, *mnurusdx, *mnurestore;
     Control* Timer1;
     // rates from the log, the status line under the entry line, the contest finder
     Control *lblrate60 = nullptr, *lblrate10 = nullptr, *lblstatus = nullptr, *mnufind = nullptr;
@@ -211,7 +211,7 @@ class ContestForm : public Form {
     QSet<QString> oblastCodes;             // the district table's kodsrr, read once
     bool rstrselected = false;             // the box's text is selected: typing replaces it
     // commit.cpp
-    void wwodadd();
+    bool wwodadd(); // false: the log refused the row, the entry line is kept
     void cmbAdd_Click();
     void refreshLogGrid();
     void DBGrid3_Edit(int row, const QString& column, const QString& value);
@@ -261,6 +261,7 @@ class ContestForm : public Form {
     void cmbvur_Click();
     void mnudelet_Click();
     void mnuwindos_Click();
+    void mnurestore_Click(); // a backup of the log back in place
     void perewod();
     void ANSI2OEM();
     bool transferLog();        // false, after a message, when the station log cannot take the rows
