@@ -58,9 +58,9 @@ int main(int argc, char** argv) {
     env.settings = &station;
     hfc::ContestForm form(env);
     form.Form_Load();
-    // The operator's own F4, F7 and F9 messages are kept between runs, as any contest keyer does;
-    // F2 and F8 start from their standard texts.
-    for (hfc::Control* c : {form.txtf4, form.txtf7, form.txtf9}) {
+    // The operator's own F4, F7 and F9 messages and the thanks text are kept between runs, as any
+    // contest keyer does; F2 and F8 start from their standard texts.
+    for (hfc::Control* c : {form.txtf4, form.txtf7, form.txtf9, form.txttu}) {
         const QString key = QStringLiteral("keyer/") + c->name();
         c->setText(settings.value(key, c->text()).toString());
         QObject::connect(c, &hfc::Control::changed, c,

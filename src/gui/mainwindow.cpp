@@ -358,6 +358,8 @@ QWidget* MainWindow::buildKeyerPanel() {
     g->addWidget(binder_->make("lblports"), 8, 0, 1, 5);
     g->addWidget(binder_->make("LblPoz"), 9, 0, 1, 4);
     g->addWidget(binder_->make("lblcat"), 9, 4, 1, 4);
+    g->addWidget(new QLabel(QStringLiteral("Спасибо (Enter)")), 10, 0, 1, 2);
+    g->addWidget(binder_->make("txttu"), 10, 2, 1, 3);
     return frame;
 }
 

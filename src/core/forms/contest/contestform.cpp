@@ -135,6 +135,7 @@ void ContestForm::createControls() {
     LblPoz = add("LblPoz", K::Label);
     lblwpm = add("lblwpm", K::Label);
     lblports = add("lblports", K::Label);
+    txttu = add("txttu", K::TextBox, "TU");
     for (int i = 0; i < 4; ++i)
         Option1[i] = add(QStringLiteral("Option1(%1)").arg(i), K::Option,
                          QStringLiteral("COM%1").arg(i + 1));

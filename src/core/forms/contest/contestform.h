@@ -20,6 +20,7 @@
 //   logcheck.cpp      the log check of the "Сервис" menu
 #include "data/logtally.h"
 #include "forms/form.h"
+#include "keyer/keyerbackend.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -30,7 +31,6 @@
 namespace hfc {
 
 class Db;
-class Keyer;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -70,7 +70,8 @@ class ContestForm : public Form {
     Control* twid1;
     // keyer panel
     Control *frCW, *lbltest, *txtf4, *txtf7, *txtf8, *txtf9, *HScroll1, *lblNul, *LblPoz, *lblwpm;
-    Control* lblports; // the Linux devices behind the four COM choices
+    Control* lblports; // the Linux devices behind the four COM choices, or the keying device
+    Control* txttu;    // the thanks message Enter sends when Enter sends messages
     std::array<Control*, 8> TXTSCOR{};
     std::array<Control*, 4> Option1{};
     Control* lblcat; // the last frequency command emitted, as byte values
@@ -241,9 +242,14 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();          // nullptr until the first message
-    int commport = 1;        // the panel's COM choice, 1..4
-    bool keyerChosen = true; // a port picked on the panel, or a keyer named in the settings
+    KeyerBackend* keyer();                            // nullptr until the first message
+    int commport = 1;                                 // the panel's COM choice, 1..4
+    bool sendKeyMessage(int keyCode);                 // F2..F9 without modifiers; false: not sent
+    QString expandMessage(const QString& text) const; // {MYCALL}, {CALL}, {NR}, {RST}, {EXCH}
+    bool esmOn() const;                               // Enter sends messages (a station setting)
+    void esmCall();                                   // the call, then report and exchange
+    void esmThanks();                                 // the thanks text
+    bool keyerChosen = true; // a port picked on the panel (or one that needs no choosing)
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
@@ -287,6 +293,7 @@ class ContestForm : public Form {
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
+    void messageQueued(const QString& text); // a message handed to the keyer (cwtext)
 
   private:
     void createControls();
@@ -309,11 +316,16 @@ class ContestForm : public Form {
     void registerWindows();
     void registerRates();
 
-    Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
-    Keyer* ensureKeyer();
+    // keys.cpp: the keyer is made on the first message, and again when the settings name another
+    std::unique_ptr<KeyerBackend> keyer_;
+    QString keyerKind_, keyerSignature_;
+    KeyerBackend* ensureKeyer();
+    std::unique_ptr<KeyerBackend> makeKeyer();
+    QString keyerKindFromSettings() const; // serial, cwdaemon, winkeyer or rigctld
+    QString keyerSignature() const;        // the kind and its address
+    void keyerError(const QString& message);
     void showKeyerSpeed();
     void showPorts();
-    void portBusy();
     QHash<QString, Form*> subForms_;
     std::unique_ptr<LogTally> tally_; // recount.cpp
 };
