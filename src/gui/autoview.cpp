@@ -53,10 +53,17 @@ AutoView::AutoView(Form* form, QWidget* parent)
             inner->addWidget(w, inner->rowCount(), 0);
             continue;
         }
+        const bool multiline = c->extra(QStringLiteral("multiline")) == QLatin1String("1");
+        if (multiline) {
+            grid->addWidget(w, row, 0, 1, 2);
+            grid->setRowStretch(row++, 2);
+            continue;
+        }
         const bool wide = c->kind() == Control::Kind::Grid || c->kind() == Control::Kind::Tree ||
                           c->kind() == Control::Kind::DirList || c->kind() == Control::Kind::List;
         if (c->kind() == Control::Kind::TextBox || c->kind() == Control::Kind::Combo) {
-            auto* head = new QLabel(c->name());
+            // A box's heading is the model's word for it; its control name is nobody's business.
+            auto* head = new QLabel(c->extra(QStringLiteral("heading")));
             grid->addWidget(head, row, 0);
             grid->addWidget(w, row, 1);
             headingFollows(head, c);

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFileSystemModel>
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
@@ -45,6 +47,13 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     QWidget* w = nullptr;
     switch (c->kind()) {
     case K::TextBox: {
+        if (c->extra(QStringLiteral("multiline")) == QLatin1String("1")) {
+            // A long text to read (rules): shown whole, with line breaks, not edited here.
+            auto* p = new QPlainTextEdit(parent);
+            p->setReadOnly(true);
+            w = p;
+            break;
+        }
         auto* e = new QLineEdit(parent);
         // A click into the text puts the model's caret there too.
         connect(e, &QLineEdit::cursorPositionChanged, this, [this, c](int, int now) {
@@ -249,7 +258,9 @@ void Binder::mirror(Control* c, QWidget* w) {
         w->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
     w->setEnabled(c->enabled());
     w->setToolTip(c->tooltip());
-    if (auto* e = qobject_cast<QLineEdit*>(w)) {
+    if (auto* p = qobject_cast<QPlainTextEdit*>(w)) {
+        if (p->toPlainText() != c->text()) p->setPlainText(c->text());
+    } else if (auto* e = qobject_cast<QLineEdit*>(w)) {
         if (e->text() != c->text()) e->setText(c->text());
         if (!e->hasSelectedText() && e->cursorPosition() != c->cursor())
             e->setCursorPosition(c->cursor());
@@ -281,6 +292,9 @@ void Binder::mirror(Control* c, QWidget* w) {
             l->addItems(c->items());
             if (l->count() > 0) l->setCurrentRow(0);
         }
+        // The model's current entry, where it names one.
+        const int current = int(c->items().indexOf(c->text()));
+        if (current >= 0 && l->currentRow() != current) l->setCurrentRow(current);
     } else if (auto* t = qobject_cast<QTableView*>(w)) {
         auto* m = qobject_cast<GridModel*>(t->model());
         const bool added = m && m->sync();
@@ -422,6 +436,14 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
     if (e->modifiers() & Qt::ControlModifier) shift |= 2;
     if (e->modifiers() & Qt::AltModifier) shift |= 4;
     const int vk = vkCode(e->key());
+    // Ctrl or Alt with a letter is a command of the window (Alt+W wipes the entry line), never
+    // a character typed into a box.
+    // Ctrl+A and Ctrl+C stay the edit box's own: select all, copy.
+    const bool boxOwn = shift == 2 && (e->key() == Qt::Key_A || e->key() == Qt::Key_C);
+    if ((shift & 6) && !boxOwn && e->key() >= Qt::Key_A && e->key() <= Qt::Key_Z) {
+        form->pressKey(e->key(), shift);
+        return true;
+    }
     if (vk == keys::Enter || vk == keys::Backspace || vk == keys::Esc || vk == keys::Tab) {
         if (shift & ~1) {
             form->pressKey(vk, shift);
@@ -467,21 +489,57 @@ bool Binder::keepsInEditableGrid(const QKeyEvent* ke) {
     return typesCharacter(ke);
 }
 
-// Text selected in a box (double click, Ctrl+A, Shift+arrows) goes when the operator types over
-// it or deletes it, as in any edit box; the typed key then goes on its usual way, so a whole call
-// selected and typed over is replaced. True when the key did all there was to do.
-bool Binder::removeSelection(Control* c, QObject* watched, QKeyEvent* ke) {
+// Text selected in a box (double click, Ctrl+A, Shift+arrows) is the model's to take: a typed
+// key, Backspace or Delete removes it on the window's own event path, so the look-ups of the box
+// run on what is left.
+void Binder::takeSelection(Control* c, QObject* watched) {
     auto* edit = qobject_cast<QLineEdit*>(watched);
-    if (!edit || !edit->hasSelectedText() || !c->isEditable()) return false;
-    const bool erase = ke->key() == Qt::Key_Backspace || ke->key() == Qt::Key_Delete;
-    if (!erase && !typesCharacter(ke)) return false;
-    QString t = c->text();
-    const int from = edit->selectionStart();
-    t.remove(from, edit->selectedText().size());
-    c->setText(t);
-    c->setCursor(from);
-    edit->deselect();
-    return erase;
+    if (!edit || !c->isEditable()) return;
+    if (edit->hasSelectedText())
+        c->setSelection(edit->selectionStart(), int(edit->selectedText().size()));
+    else
+        c->setSelection(0, 0);
+}
+
+// Ctrl+V and Shift+Insert: the clipboard's text is typed into the box key by key, as the
+// operator would type it. Line ends and tabs are dropped: a pasted Enter would log a QSO.
+bool Binder::paste(Control* c, QObject* watched, QKeyEvent* ke) {
+    if (!qobject_cast<QLineEdit*>(watched) || !c->isEditable()) return false;
+    const bool ctrlV = ke->key() == Qt::Key_V && ke->modifiers() == Qt::ControlModifier;
+    const bool shiftIns = ke->key() == Qt::Key_Insert && ke->modifiers() == Qt::ShiftModifier;
+    if (!ctrlV && !shiftIns) return false;
+    QString text = QApplication::clipboard()->text();
+    text.removeIf([](QChar ch) { return ch.unicode() < 0x20; });
+    for (const QChar ch : text) form_->typeChar(ch);
+    return true;
+}
+
+// The calendar tree is walked with the arrows as any tree; Enter chooses the node there, as a
+// click would.
+bool Binder::treeKey(Control* c, QObject* watched, QKeyEvent* ke) {
+    auto* t = qobject_cast<QTreeWidget*>(watched);
+    if (!t) return false;
+    switch (ke->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (QTreeWidgetItem* it = t->currentItem()) {
+            Event ev;
+            ev.index = it->data(0, Qt::UserRole).toInt();
+            form_->fire(Form::baseName(c->name()) + QStringLiteral("_NodeClick"), ev);
+        }
+        return false;
+    default:
+        return false;
+    }
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -497,7 +555,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         if (c->kind() == K::Grid && c->extra(QStringLiteral("editable")) == QLatin1String("1") &&
             keepsInEditableGrid(ke))
             return false;
-        if (removeSelection(c, watched, ke)) return true;
+        if (c->kind() == K::Tree && treeKey(c, watched, ke)) return false;
+        takeSelection(c, watched);
+        if (paste(c, watched, ke)) return true;
         const bool forwarded = forwardKey(form_, ke);
         // A window without a tab order of its own: Tab still walks its boxes and buttons.
         if ((ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab) &&

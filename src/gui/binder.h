@@ -54,8 +54,10 @@ class Binder : public QObject {
     void mirror(Control* c, QWidget* w);
     void mirrorTree(Control* c, QTreeWidget* t);
     void onFocusChanged(Control* c);
-    bool removeSelection(Control* c, QObject* watched, QKeyEvent* ke);
+    void takeSelection(Control* c, QObject* watched);
+    bool paste(Control* c, QObject* watched, QKeyEvent* ke);
     static bool keepsInEditableGrid(const QKeyEvent* ke);
+    bool treeKey(Control* c, QObject* watched, QKeyEvent* ke);
 
     Form* form_;
     QHash<Control*, QWidget*> widgets_;

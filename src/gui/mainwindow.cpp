@@ -8,6 +8,7 @@
 #include "settingsview.h"
 #include "viewparts.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -18,10 +19,13 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScrollArea>
+#include <QSet>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace hfc {
 
@@ -38,7 +42,10 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     auto* top = new QHBoxLayout;
     auto* title = binder_->make("LBLCONTEST");
     binder_->setBaseStyle(title,
-                          QStringLiteral("font-size: 16pt; font-weight: bold; color: #000080;"));
+                          QStringLiteral("font-size: 14pt; font-weight: bold; color: #000080;"));
+    // A long contest title gives way (cut at its end) rather than widening the window.
+    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    title->setMinimumWidth(120);
     top->addWidget(title, 1);
     top->addWidget(caption(QStringLiteral("Диапазон:")));
     auto* band = binder_->make("Label1");
@@ -53,6 +60,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     top->addWidget(binder_->make("Label4"));
     top->addWidget(caption(QStringLiteral("Свой позывной:")));
     auto* own = binder_->make("TXTNCALL");
+    own->setMinimumWidth(90);
     own->setMaximumWidth(120);
     top->addWidget(own);
     v->addLayout(top);
@@ -62,7 +70,7 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     for (int b = 0; b < 7; ++b) {
         // A fixed width: the row must not shift when the chosen band changes colour.
         auto* w = binder_->make(arr("cmbband", b));
-        w->setFixedWidth(72);
+        w->setFixedWidth(64);
         bands->addWidget(w);
     }
     bands->addSpacing(12);
@@ -79,13 +87,15 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     auto* partial = new QVBoxLayout;
     partial->addWidget(caption(QStringLiteral("Позывные в журнале")));
     auto* list = binder_->make("DBList1");
-    list->setMaximumWidth(150);
+    list->setMaximumWidth(130);
     partial->addWidget(list);
     middle->addLayout(partial);
     auto* earlier = new QVBoxLayout;
     earlier->addWidget(caption(QStringLiteral("Прежние связи")));
     QWidget* earlierGrid = binder_->make("DBGrid1");
     earlierGrid->setProperty("hfcFollowLast", true); // the last QSO with the station in view
+    if (auto* t = qobject_cast<QTableView*>(earlierGrid))
+        t->horizontalHeader()->setDefaultSectionSize(64);
     earlier->addWidget(earlierGrid);
     middle->addLayout(earlier, 2);
     middle->addWidget(buildScorePanel());
@@ -94,12 +104,18 @@ MainWindow::MainWindow(ContestForm* form, QWidget* parent)
     auto* log = qobject_cast<QTableView*>(binder_->make("DBGrid3"));
     // A whole log row fits the window's width: narrow columns, a wider one for the call.
     log->horizontalHeader()->setDefaultSectionSize(66);
-    for (int col = 0; col < log->model()->columnCount(); ++col)
-        log->setColumnWidth(col, col ? 66 : 104);
+    for (int col = 0; col < log->model()->columnCount(); ++col) {
+        // Narrow columns, each as wide as its heading; a wider one for the call.
+        const QString head = log->model()->headerData(col, Qt::Horizontal).toString();
+        const int fit = log->horizontalHeader()->fontMetrics().horizontalAdvance(head) + 16;
+        log->setColumnWidth(col, col ? std::max(66, fit) : 104);
+    }
     log->setProperty("hfcFollowLast", true); // the newest QSO stays in view
     v->addWidget(log, 3);
 
     setCentralWidget(central);
+    // The status line: what the window has to say without a box that would take the next Enter.
+    statusBar()->addWidget(binder_->make("lblstatus"), 1);
     buildPanels();
     resizeWithinScreen(this, 1280, 860);
 
@@ -121,11 +137,27 @@ void MainWindow::buildMenus() {
     QMenuBar* bar = menuBar();
     auto* contests = bar->addMenu(Binder::withMnemonic(form_->cmbadd1->text(), QChar(u'С')));
     contestMenu_ = contests;
+    QAction* find = binder_->makeAction("mnufind", this, QChar(u'Н'));
+    find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    contests->addAction(find);
+    contests->addSeparator();
     QMenu* more = nullptr;
+    // Each item is underlined at the first letter or digit its menu has not used yet, so a
+    // contest is two keys away once the menu is open.
+    QSet<QChar> used{QChar(u'Н'), QChar(u'Д')};
     for (const QString& item : form_->contestMenuItems()) {
-        if (item == QLatin1String("mnuuba"))
+        if (item == QLatin1String("mnuuba")) {
             more = contests->addMenu(Binder::withMnemonic(form_->mnudal->text(), QChar(u'Д')));
-        (more ? more : contests)->addAction(binder_->makeAction(item, this));
+            used = {};
+        }
+        QChar letter;
+        for (const QChar ch : form_->control(item)->text())
+            if (ch.isLetterOrNumber() && !used.contains(ch.toUpper())) {
+                letter = ch;
+                used.insert(ch.toUpper());
+                break;
+            }
+        (more ? more : contests)->addAction(binder_->makeAction(item, this, letter));
     }
     bar->addAction(binder_->makeAction("mnupol", this, QChar(u'Р')));
     bar->addAction(binder_->makeAction("cmbotchet", this, QChar(u'О')));
@@ -194,6 +226,7 @@ QWidget* MainWindow::buildEntryLine() {
     auto* box = new QWidget;
     auto* g = new QGridLayout(box);
     g->setContentsMargins(0, 0, 0, 0);
+    g->setHorizontalSpacing(3);
     // Each box with its heading: a fixed text, or a label of the window (headingLabel) whose
     // caption the contest sets.
     struct Col {
@@ -202,19 +235,20 @@ QWidget* MainWindow::buildEntryLine() {
         const char* headingLabel;
         int width;
     };
-    const Col cols[] = {{"txtcall", "Позывной", nullptr, 150},
-                        {"txtdate", "Дата", nullptr, 80},
-                        {"txttime", "Время", nullptr, 70},
-                        {"lblrsts", "Передан", nullptr, 50},
-                        {"txtrsts", "", nullptr, 70},
-                        {"lblrstr", "Принят", nullptr, 50},
-                        {"txtrstr", "", nullptr, 110},
-                        {"txtmult", nullptr, "lbldxcc", 60},
-                        {"txtmult2", nullptr, "lblzone", 60},
-                        {"txtpoint", nullptr, "lblpoint", 45},
-                        {"txtpoint2", "", nullptr, 45},
-                        {"txtrepit", "", nullptr, 80},
-                        {"cmbAdd", "", nullptr, 60}};
+    // Widths that fit a 1024-pixel screen with the country and the QSO counter beside them.
+    const Col cols[] = {{"txtcall", "Позывной", nullptr, 130},
+                        {"txtdate", "Дата", nullptr, 66},
+                        {"txttime", "Время", nullptr, 62},
+                        {"lblrsts", "Передан", nullptr, 40},
+                        {"txtrsts", "", nullptr, 56},
+                        {"lblrstr", "Принят", nullptr, 40},
+                        {"txtrstr", "", nullptr, 90},
+                        {"txtmult", nullptr, "lbldxcc", 48},
+                        {"txtmult2", nullptr, "lblzone", 48},
+                        {"txtpoint", nullptr, "lblpoint", 36},
+                        {"txtpoint2", "", nullptr, 36},
+                        {"txtrepit", "", nullptr, 62},
+                        {"cmbAdd", "", nullptr, 50}};
     int c = 0;
     for (const Col& col : cols) {
         g->addWidget(col.headingLabel ? binder_->make(col.headingLabel)
@@ -229,10 +263,14 @@ QWidget* MainWindow::buildEntryLine() {
                           QStringLiteral("font-size: 14pt; font-weight: bold;"));
     g->addWidget(caption(QStringLiteral("Страна")), 0, c);
     auto* country = binder_->make("txtstran5");
-    country->setMinimumWidth(130);
+    country->setMinimumWidth(90);
     g->addWidget(country, 1, c);
+    g->setColumnStretch(c, 1); // the country takes what room is left
     g->addWidget(caption(QStringLiteral("QSO")), 0, c + 1);
-    g->addWidget(binder_->make("TXTRSTS2"), 1, c + 1);
+    QWidget* counter = binder_->make("TXTRSTS2");
+    counter->setMinimumWidth(44);
+    counter->setMaximumWidth(60);
+    g->addWidget(counter, 1, c + 1);
     return box;
 }
 
@@ -253,14 +291,33 @@ QWidget* MainWindow::buildScorePanel() {
     g->addWidget(binder_->make("qsotot"), 8, 1);
     g->addWidget(binder_->make("multtot"), 8, 2);
     g->addWidget(binder_->make("multtot1"), 8, 3);
-    g->addWidget(binder_->make("lblscore"), 9, 0, 1, 4);
-    for (QLineEdit* e : box->findChildren<QLineEdit*>()) e->setMaximumWidth(60);
-    g->addWidget(caption(QStringLiteral("Темп текущего часа  (QSO/час)")), 0, 4);
-    g->addWidget(binder_->make("txtrate"), 1, 4);
-    g->addWidget(caption(QStringLiteral("Последнего переключения диапазона")), 2, 4);
-    g->addWidget(binder_->make("txtbandtime"), 3, 4);
-    g->addWidget(caption(QStringLiteral("Последнего QSO")), 4, 4);
-    g->addWidget(binder_->make("txtlastqso"), 5, 4);
+    for (QLineEdit* e : box->findChildren<QLineEdit*>()) e->setMaximumWidth(56);
+    // The clock's figures, then the rates from the log and the claimed score, each under its
+    // caption in one column.
+    auto* rates = new QVBoxLayout;
+    rates->setSpacing(1);
+    const auto figure = [&](const QString& head, const char* name) {
+        auto* l = caption(head);
+        l->setWordWrap(true);
+        rates->addWidget(l);
+        QWidget* w = binder_->make(name);
+        if (auto* label = qobject_cast<QLabel*>(w))
+            binder_->setBaseStyle(label, QStringLiteral("font-weight: bold;"));
+        rates->addWidget(w);
+    };
+    figure(QStringLiteral("Темп текущего часа  (QSO/час)"), "txtrate");
+    figure(QStringLiteral("Последнего переключения диапазона"), "txtbandtime");
+    figure(QStringLiteral("Последнего QSO"), "txtlastqso");
+    figure(QStringLiteral("QSO за последние 60 минут"), "lblrate60");
+    figure(QStringLiteral("Темп последних 10 QSO (QSO/час)"), "lblrate10");
+    if (form_->control(QStringLiteral("lblscore")))
+        figure(QStringLiteral("Заявленный результат"), "lblscore");
+    rates->addStretch(1);
+    auto* column = new QWidget;
+    column->setLayout(rates);
+    for (QLineEdit* e : column->findChildren<QLineEdit*>()) e->setMaximumWidth(90);
+    column->setMaximumWidth(190);
+    g->addWidget(column, 0, 4, 10, 1);
     return box;
 }
 

@@ -2,7 +2,13 @@
 
 #include "binder.h"
 #include "forms/form.h"
+#include "forms/otchet/otchetform.h"
+#include "ratechart.h"
 #include "viewparts.h"
+
+#include <QHeaderView>
+#include <QTabWidget>
+#include <QTableView>
 
 #include <QEvent>
 #include <QFormLayout>
@@ -17,7 +23,13 @@ namespace hfc {
 OtchetView::OtchetView(Form* form, QWidget* parent)
     : QWidget(parent, Qt::Window), form_(form), binder_(new Binder(form, this)) {
     setWindowTitle(QStringLiteral("Отчет"));
-    auto* v = new QVBoxLayout(this);
+    auto* outer = new QVBoxLayout(this);
+    auto* tabs = new QTabWidget;
+    outer->addWidget(tabs);
+    auto* page = new QWidget;
+    tabs->addTab(page, QStringLiteral("Отчет"));
+    tabs->addTab(buildRatePage(), QStringLiteral("Темп по часам"));
+    auto* v = new QVBoxLayout(page);
     auto* top = new QHBoxLayout;
 
     // station data
@@ -69,8 +81,10 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
     top->addWidget(table, 1);
     v->addLayout(top);
 
-    // output folder and the check of the log on the left, the standard exports on the right
+    // The standard exports first, a robot takes them; the output folder and the check of the
+    // log beside them.
     auto* middle = new QHBoxLayout;
+    if (QWidget* standard = buildStandardExports()) middle->addWidget(standard, 2);
     auto* folder = binder_->make("Frame2");
     auto* fg = new QVBoxLayout(folder);
     QWidget* dir = binder_->make("Dir1");
@@ -84,17 +98,18 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
         fg->addWidget(lint);
     }
     middle->addWidget(folder, 3);
-    if (QWidget* standard = buildStandardExports()) middle->addWidget(standard, 2);
     v->addLayout(middle, 1);
 
-    // The file buttons carry the file names as captions (two of them the bare call): a line
-    // above says what each one writes.
-    auto* buttons = new QGridLayout;
-    const std::pair<const char*, const char*> files[] = {{"Ccabrila", "Cabrillo"},
-                                                         {"cmbAdif", "ADIF"},
+    // The old formats, byte for byte as the old program wrote them. The file buttons carry the
+    // file names as captions (two of them the bare call): a line above says what each writes.
+    auto* oldBox = new QGroupBox(
+        QStringLiteral("Старые форматы (Cabrillo 2.0, ADIF 1.0, .LOG, .SUM) — роботы их не "
+                       "принимают"));
+    auto* buttons = new QGridLayout(oldBox);
+    const std::pair<const char*, const char*> files[] = {{"Ccabrila", "Cabrillo 2.0"},
+                                                         {"cmbAdif", "ADIF 1.0"},
                                                          {"cmbreport", "Журнал .LOG"},
-                                                         {"cmbtit", "Итоги .SUM"},
-                                                         {"Command1", ""}};
+                                                         {"cmbtit", "Итоги .SUM"}};
     int col = 0;
     for (const auto& [name, what] : files) {
         auto* head = caption(QString::fromUtf8(what));
@@ -103,7 +118,10 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
         buttons->addWidget(binder_->make(name), 1, col);
         ++col;
     }
-    v->addLayout(buttons);
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(oldBox, 1);
+    bottom->addWidget(binder_->make("Command1"), 0, Qt::AlignBottom);
+    v->addLayout(bottom);
     // Whatever else the model holds (the outcome of the last file) goes below.
     for (Control* c : form->controls()) {
         if (binder_->widget(c->name()) || c->kind() == Control::Kind::Menu ||
@@ -111,16 +129,36 @@ OtchetView::OtchetView(Form* form, QWidget* parent)
             continue;
         if (QWidget* w = binder_->make(c)) v->addWidget(w);
     }
-    resizeWithinScreen(this, 1000, 740);
-    // Tab walks the station data, the folder, the file buttons and the standard exports; the
-    // band table, filled by the recount, is left out of the round.
+    resizeWithinScreen(this, 1000, 720);
+    // Tab walks the station data, the standard exports, the folder and the old file buttons;
+    // the band table, filled by the recount, is left out of the round.
     for (const char* name :
          {"tcont",       "tcall",         "tpod",     "tname",        "tadres",     "tgor",
-          "tstr",        "Text4",         "txtput",   "Ccabrila",     "cmbAdif",    "cmbreport",
-          "cmbtit",      "Command1",      "cmbcatop", "cmbcatassist", "cmbcatband", "cmbcatmode",
-          "cmbcatpower", "cmbcatstation", "cmbcattx", "cmbqtcrole",   "cmbcab3",    "cmbadif3"})
+          "tstr",        "Text4",         "cmbcatop", "cmbcatassist", "cmbcatband", "cmbcatmode",
+          "cmbcatpower", "cmbcatstation", "cmbcattx", "cmbqtcrole",   "cmbcab3",    "cmbadif3",
+          "txtput",      "Ccabrila",      "cmbAdif",  "cmbreport",    "cmbtit",     "Command1"})
         if (QWidget* w = binder_->widget(QLatin1String(name))) tabChain_ << w;
     Binder::followShown(form, this);
+}
+
+// The rate chart beside the band-by-hour table it is drawn from, and the button that saves it.
+QWidget* OtchetView::buildRatePage() {
+    auto* page = new QWidget;
+    auto* v = new QVBoxLayout(page);
+    auto* row = new QHBoxLayout;
+    auto* chart = new RateChart(form_->control(QStringLiteral("grdhours")));
+    row->addWidget(chart, 3);
+    auto* table = qobject_cast<QTableView*>(binder_->make("grdhours"));
+    table->horizontalHeader()->setDefaultSectionSize(44);
+    table->setColumnWidth(0, 112);
+    row->addWidget(table, 2);
+    v->addLayout(row, 1);
+    v->addWidget(binder_->make("cmbchart"), 0, Qt::AlignLeft);
+    if (auto* report = dynamic_cast<OtchetForm*>(form_)) {
+        report->chartWriter = [chart](const QString& path) { return chart->savePng(path); };
+        connect(chart, &QObject::destroyed, report, [report] { report->chartWriter = nullptr; });
+    }
+    return page;
 }
 
 // The Cabrillo 3.0 categories, each under its header tag (the box's tool tip), and the two

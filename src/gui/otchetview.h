@@ -21,6 +21,7 @@ class OtchetView : public QWidget {
 
   private:
     QWidget* buildStandardExports();
+    QWidget* buildRatePage();
 
     Form* form_;
     Binder* binder_;

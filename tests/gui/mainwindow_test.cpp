@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSet>
 #include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
@@ -55,15 +56,26 @@ TEST(MainWindowGui, ContestMenuHoldsTheContestsInMenuOrder) {
     QMenu* contests = w.win->menuBar()->actions().at(0)->menu();
     ASSERT_NE(contests, nullptr);
     QStringList first, more;
+    QSet<QString> letters;
     for (QAction* a : contests->actions()) {
+        if (a->isSeparator()) continue;
         if (a->menu()) {
             EXPECT_EQ(QString(a->text()).remove('&'), "Далее");
-            for (QAction* b : a->menu()->actions()) more << b->text();
+            for (QAction* b : a->menu()->actions()) more << QString(b->text()).remove('&');
         } else {
-            first << a->text();
+            first << QString(a->text()).remove('&');
+            // An underlined key is never shared; more contests than letters leave some without.
+            const QString key = QKeySequence::mnemonic(a->text()).toString();
+            if (key.isEmpty()) continue;
+            EXPECT_FALSE(letters.contains(key)) << key.toStdString();
+            letters.insert(key);
         }
     }
+    // The finder comes first, then the contests.
+    ASSERT_EQ(first.takeFirst(), "Найти соревнование…");
+    EXPECT_EQ(contests->actions().at(0)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_K));
     ASSERT_EQ(first.size(), 33);
+    EXPECT_GE(letters.size(), 20);
     EXPECT_EQ(first.front(), "Чемпионат");
     EXPECT_EQ(first.mid(1, 4), QStringList({"AA DX", "AGCW", "ARI", "ARRL-10m"}));
     EXPECT_EQ(first.back(), "TOPS");
@@ -160,7 +172,7 @@ TEST(MainWindowGui, AColouredControlKeepsTheLookTheViewGaveIt) {
     auto* title = w.win->findChild<QWidget*>("LBLCONTEST");
     ASSERT_NE(title, nullptr);
     w.form->LBLCONTEST->setBackcolor("#ff0000");
-    EXPECT_TRUE(title->styleSheet().contains("font-size: 16pt"))
+    EXPECT_TRUE(title->styleSheet().contains("font-size: 14pt"))
         << title->styleSheet().toStdString();
     EXPECT_TRUE(title->styleSheet().contains("#ff0000"));
     auto* band = w.win->findChild<QPushButton*>("cmbband(2)");

@@ -46,7 +46,8 @@ struct DxccWindowTest : FormFixture {
 TEST_F(DxccWindowTest, PrefixSearchIsUpperCasedAndOrderedByPrefix) {
     EXPECT_TRUE(w->isShown());
     EXPECT_EQ(int(w->DBGrid1->rows().size()), dxccRows()); // at load: the whole table
-    EXPECT_EQ(w->DBGrid1->columns(), QStringList({"prf", "PREF", "strana", "kont", "iaru", "cq"}));
+    EXPECT_EQ(w->DBGrid1->columns(), QStringList({"Префикс", "Префикс страны", "Страна",
+                                                  "Континент", "Зона ITU", "Зона CQ"}));
     typeInto("txtserch", "ua");
     EXPECT_EQ(w->txtserch->text(), "UA");
     const QStringList prf = column(w->DBGrid1, 0);
@@ -147,10 +148,14 @@ struct RusdxWindowTest : FormFixture {
 };
 
 TEST_F(RusdxWindowTest, EmptySearchShowsEveryDistrictInPrefixOrder) {
-    EXPECT_EQ(w->DBGrid1->columns(), QStringList({"pref", "gorod", "kodcrk"}));
+    // The oblast's code and name under Russian headings; the empty kodcrk is not shown.
+    EXPECT_EQ(w->DBGrid1->columns(), QStringList({"Префикс", "Код области", "Область"}));
+    EXPECT_EQ(w->DBGrid1->rows().front().value(1).size(), 2);
     EXPECT_EQ(int(w->DBGrid1->rows().size()), db.rus.count("SELECT * FROM tblrus"));
     EXPECT_TRUE(sorted(column(w->DBGrid1, 0)));
     EXPECT_EQ(w->focusName(), "txtserch");
+    w->pressKey(keys::Esc);
+    EXPECT_FALSE(w->isShown());
 }
 
 TEST_F(RusdxWindowTest, TypedPrefixIsUpperCasedLimitedAndSearched) {

@@ -188,14 +188,14 @@ struct CaptionRow {
 };
 
 // Contests not named here leave every caption and visibility as the previous selection left
-// it. ES clears its ten boxes without showing the window itself.
+// it.
 constexpr CaptionRow kCaptions[] = {
     {"cqww", kZoneWindow}, {"arrl10", kZoneWindow}, {"cq160", kCq160},     {"ari", kAri},
     {"ea", kEa},           {"euhf", kEuhf},         {"chemp", kChemp},     {"lzo", kLzo},
     {"cqm", kCqm},         {"cro", kCro},           {"raem", kRaem},       {"toec", kSecondMult},
     {"uba", kSecondMult},  {"wae", kWae},           {"hel", kListWindow},  {"jid", kListWindow},
     {"lzd", kListWindow},  {"ok", kListWindow},     {"pacc", kListWindow}, {"sp", kListWindow},
-    {"ukr", kListWindow},  {"wag", kListWindow},
+    {"ukr", kListWindow},  {"wag", kListWindow},    {"ES", kListWindow},
 };
 
 constexpr MultList kLists[] = {

@@ -1,5 +1,7 @@
 #include "forms/control.h"
 
+#include <algorithm>
+
 namespace hfc {
 
 Control::Control(const QString& name, Kind kind, QObject* parent)
@@ -9,7 +11,22 @@ void Control::setText(const QString& t) {
     if (t == text_) return;
     text_ = t;
     cursor_ = -1;
+    selLength_ = 0;
     emit changed();
+}
+void Control::setSelection(int start, int length) {
+    start = std::clamp(start, 0, int(text_.size()));
+    selStart_ = start;
+    selLength_ = std::clamp(length, 0, int(text_.size()) - start);
+}
+bool Control::removeSelected() {
+    if (selLength_ <= 0) return false;
+    const int from = selStart_;
+    QString t = text_;
+    t.remove(from, selLength_);
+    setText(t);
+    setCursor(from);
+    return true;
 }
 int Control::cursor() const {
     return cursor_ < 0 || cursor_ > text_.size() ? int(text_.size()) : cursor_;

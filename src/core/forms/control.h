@@ -43,6 +43,13 @@ class Control : public QObject {
     // The caret of an edit box: where a typed key goes and what Backspace and Delete take.
     int cursor() const;
     void setCursor(int pos); // clamped to the text
+    // Text the operator has selected in an edit box: a typed key, Backspace or Delete takes it
+    // first. A new text ends the selection.
+    int selectionStart() const { return selStart_; }
+    int selectionLength() const { return selLength_; }
+    void setSelection(int start, int length);
+    // Removes the selected text (the caret goes where it began); false when nothing is selected.
+    bool removeSelected();
     bool visible() const { return visible_; }
     void setVisible(bool v);
     bool enabled() const { return enabled_; }
@@ -91,6 +98,7 @@ class Control : public QObject {
     Kind kind_;
     QString text_;
     int cursor_ = -1; // -1: after the last character, wherever that is
+    int selStart_ = 0, selLength_ = 0;
     bool visible_ = true;
     bool enabled_ = true;
     QString backcolor_;

@@ -199,6 +199,7 @@ int keyCodeOf(QChar c) {
 
 void Form::keyDown(int keyCode, int shift) {
     keyEvent(QStringLiteral("_KeyDown"), keyCode, shift);
+    if (keyCode == keys::Esc && shift == 0 && escCloses && shown_) unload();
 }
 
 // The key-up goes to whichever control holds the focus when the key is released.
@@ -247,6 +248,13 @@ void Form::typeChar(QChar c) {
         if (target->isEditable()) {
             QString t = target->text();
             int at = target->cursor();
+            // A selection goes first: typed over, or taken by Backspace alone.
+            const bool edits = ascii == keys::Backspace || isPrintable(ascii);
+            if (edits && target->removeSelected()) {
+                t = target->text();
+                at = target->cursor();
+                if (ascii == keys::Backspace) ascii = 0;
+            }
             if (ascii == keys::Backspace) {
                 if (at > 0) t.remove(--at, 1);
             } else if (isPrintable(ascii) &&
@@ -301,6 +309,7 @@ void Form::moveCaret(int keyCode) {
         box->setCursor(-1);
         break;
     case keys::Delete:
+        if (box->removeSelected()) break;
         if (at < box->text().size()) {
             QString t = box->text();
             t.remove(at, 1);

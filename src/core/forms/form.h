@@ -77,6 +77,7 @@ class Form : public QObject {
     void click(const QString& controlName);
     void click(Control* c);
     bool keyPreview = false; // the form sees keys before its controls
+    bool escCloses = false;  // a window of its own: Esc closes it, as a person expects
 
     // --- window ---
     bool isShown() const { return shown_; }

@@ -24,6 +24,9 @@ class KeyPort {
     virtual bool setDtr(bool on) = 0; // false on failure
     // Waits for n iterations of the unit clock; returns false early once abort is set.
     virtual bool wait(qint64 iterations, const std::atomic<bool>& abort) = 0;
+    // A port of the station's own hardware keys only once the operator has chosen it: a COM
+    // port picked by default is as likely to be a modem's as the keyer's.
+    virtual bool needsChoice() const { return false; }
 };
 
 struct KeyEvent {

@@ -32,6 +32,7 @@ class SerialKeyPort : public KeyPort {
     bool setRts(bool on) override;
     bool setDtr(bool on) override;
     bool wait(qint64 iterations, const std::atomic<bool>& abort) override;
+    bool needsChoice() const override { return true; }
 
   private:
     mutable std::mutex m_devicesMutex;

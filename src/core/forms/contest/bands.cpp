@@ -26,6 +26,7 @@ void ContestForm::registerBands() {
     on("cmbmod_KeyPress", [this](Event& e) { cmbmod_KeyPress(e); }, {"KeyAscii"});
     proc("cmbwsego_Click", [this] { cmbwsego_Click(); });
     proc("prefixlist", [this] { prefixlist(); });
+    proc("refreshMultWindow", [this] { refreshMultWindow(); });
 }
 
 void ContestForm::cmbband_Click(int index) {
@@ -52,6 +53,7 @@ void ContestForm::selectBand(int index) {
     bandsame = index == bandprev ? 1 : 0;
     Label1->setText(curband + QStringLiteral(" MHz"));
     keepSession(QStringLiteral("band"), curband);
+    refreshMultWindow();
 }
 
 void ContestForm::cmbband_GotFocus(int) {
@@ -66,6 +68,8 @@ void ContestForm::cmbband_KeyPress(Event& e) {
         click(cmbband[e.index]);
     // Enter confirms the band: the totals show it, the transceiver gets its frequency.
     emitCatOnBandEnter(e.index);
+    refreshMultWindow(); // the window's view is now the band's
+
     // The operator chose the band to log on it: typing goes on in the callsign box.
     setFocus(txtcall);
 }
@@ -126,6 +130,16 @@ void ContestForm::cmbwsego_Click() {
         }
     }
     setFocus(txtcall);
+}
+
+// The window shows what is worked where the operator now is: another band's or contest's marks
+// go first, then the worked ones are marked again (the whole contest's under "Всего").
+void ContestForm::refreshMultWindow() {
+    const bool perBand = cmbwsego->text() != QStringLiteral("Всего");
+    if (perBand && !curband.isEmpty()) cmbwsego->setText(curband + QStringLiteral("MHz"));
+    if (mwidmode != 1)
+        for (Control* c : txtMwid) c->setBackcolor(perBand && bandmult == 1 ? Palette7 : "");
+    prefixlist();
 }
 
 void ContestForm::prefixlist() {

@@ -12,9 +12,8 @@ namespace {
 
 // The fields behind the log grid's columns, in column order.
 const QStringList& grid3Fields() {
-    static const QStringList f = {"ccall",  "rstr1", "rstr2",  "rsts1", "rsts2", "mult",
-                                  "ps",     "point", "point2", "bband", "ttime", "ddate",
-                                  "point2", "mode",  "rstr2",  "rsts1", "rsts2"};
+    static const QStringList f = {"ccall", "rstr1",  "rstr2", "rsts1", "rsts2", "mult", "ps",
+                                  "point", "point2", "bband", "ttime", "ddate", "mode"};
     return f;
 }
 
@@ -138,6 +137,7 @@ bool ContestForm::wwodadd() {
     timelist.clear();
 
     if (List1->visible()) fillList1();
+    showRates();
     return true;
 }
 

@@ -34,6 +34,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerSession();
     registerBandmap();
     registerStation();
+    registerRates();
 }
 
 Db& ContestForm::logDb() {
@@ -110,9 +111,8 @@ void ContestForm::createControls() {
     DBGrid1 = add("DBGrid1", K::Grid);
     DBGrid3 = add("DBGrid3", K::Grid);
     DBGrid3->setExtra("editable", "1"); // the log is mended in place, cell by cell
-    DBGrid3->setColumns({"Позывной", "rstr1", "Принят", "rsts1", "Передан", "dxcc", "zone", "очки",
-                         "корр", "bband", "ttime", "Дата", "point2", "mode", "rstr2", "rsts1",
-                         "rsts2"});
+    DBGrid3->setColumns({"Позывной", "RST принят", "Принят", "RST передан", "Передан", "Множ.",
+                         "Множ. 2", "Очки", "Очки 2", "Диапазон", "Время", "Дата", "Вид"});
     List1 = add("List1", K::List);
     List1->setVisible(false);
 
@@ -315,6 +315,7 @@ void ContestForm::Timer1_Timer() {
         if (minutes > 0) txtrate->setText(num(hourcount * 60 / minutes));
     }
     if (multiop_) stationRefresh(); // band, mode and last QSO for the other computers
+    tickRates();
 }
 
 void ContestForm::Label4_Click() {

@@ -18,6 +18,8 @@
 //   windows.cpp       opening the other windows
 //   bandmap.cpp       DX cluster panel, band map, spots taken with Ctrl+arrows
 //   station.cpp       the station's shared log (other computers), station panel
+//   rates.cpp         the QSO rates from the log, the status line
+//   logcheck.cpp      the log check of the "Сервис" menu
 #include "data/logtally.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
@@ -96,6 +98,8 @@ class ContestForm : public Form {
     Control* Timer1;
     // station panel: the other computers of a multi-operator station, the link's state
     Control *frstation, *lststation, *lblstation;
+    // rates from the log, the status line under the entry line, the contest finder
+    Control *lblrate60 = nullptr, *lblrate10 = nullptr, *lblstatus = nullptr, *mnufind = nullptr;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode = QStringLiteral("hi hi");
@@ -216,6 +220,9 @@ class ContestForm : public Form {
     void wwodcall();
     void DBList1_Click();
     void applyRepeatRules();
+    void leaveCall(); // Enter or Space in the call box: on to the exchange
+    void wipeEntry(); // Alt+W, Ctrl+W: the entry line afresh, nothing logged
+    void showEarlierQsos(const QString& call);
     std::vector<QStringList> timelist; // ccall, ttime of the time list (lzo, raem, chemp, ES)
     // exchange.cpp
     void wwodrstr();
@@ -253,6 +260,7 @@ class ContestForm : public Form {
     void setMode(const QString& mode); // "CW" or "SSB", without moving the radio
     void cmbwsego_Click();
     void prefixlist();
+    void refreshMultWindow();
     // keys.cpp
     void Form_KeyDown(Event& e);
     void lblNul_Click();
@@ -268,6 +276,7 @@ class ContestForm : public Form {
     bool esmOn() const;                               // Enter sends messages (a station setting)
     void esmCall();                                   // the call, then report and exchange
     void esmThanks();                                 // the thanks text
+    bool keyerChosen = true; // a port picked on the panel (or one that needs no choosing)
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
@@ -299,6 +308,7 @@ class ContestForm : public Form {
     bool transferLog();        // false, after a message, when the station log cannot take the rows
     bool clearLog();           // mnudelet_Click's work; false when no backup could be made
     bool backupLog();          // a dated copy of dbcontest before log rows are deleted
+    void showLogAsItIs();      // every view of the log read again after a clearing
     bool logBackedUp_ = false; // set while a clearing's backup covers the QTC table too
     // session.cpp: the log's own call, contest, exchange, band and mode kept and restored; the
     // stored points recomputed for a new own call; the claimed score of lblscore
@@ -340,6 +350,15 @@ class ContestForm : public Form {
     qint64 othersQsos();            // the contest's QSOs logged by the other computers
     void DBGrid3_Delete(int row);
     void stationRefresh();
+    void mnufind_Click(); // the contest finder (Ctrl+K)
+    // rates.cpp
+    void showRates();
+    void tickRates(); // the clock's part: once a minute
+    QString rateminute;
+    // logcheck.cpp
+    QString checkReport(); // the text the log check shows
+    // The status line: a word the operator should see without a box in the way.
+    void status(const QString& text);
 
   signals:
     void exitRequested();
@@ -370,6 +389,7 @@ class ContestForm : public Form {
     void registerBandmap();
     BandmapLink* bandmap_ = nullptr; // bandmap.cpp; a child of the window
     void registerStation();
+    void registerRates();
 
     // keys.cpp: the keyer is made on the first message, and again when the settings name another
     std::unique_ptr<KeyerBackend> keyer_;

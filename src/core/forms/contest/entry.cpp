@@ -12,6 +12,7 @@ void ContestForm::registerEntry() {
     proc("WWOD", [this] { WWOD(); });
     proc("wwodcall", [this] { wwodcall(); });
     proc("DBList1_Click", [this] { DBList1_Click(); });
+    proc("wipeEntry", [this] { wipeEntry(); });
 }
 
 namespace {
@@ -31,6 +32,13 @@ int minutesOf(const QString& t) {
 
 void ContestForm::txtcall_KeyPress(Event& e) {
     if (curband.isEmpty()) setFocus(QStringLiteral("cmbband"));
+    // Space ends the call as Enter does: the hands are already on the bar to type the exchange,
+    // and a blank is never part of a call.
+    if (e.keyAscii == ' ') {
+        e.keyAscii = 0;
+        if (!txtcall->text().isEmpty()) leaveCall();
+        return;
+    }
     if (e.keyAscii == keys::Backspace) {
         txtpoint->setText(QString());
         txtpoint2->setText(QString());
@@ -50,13 +58,38 @@ void ContestForm::txtcall_KeyPress(Event& e) {
             else
                 esmCall();
         }
-        if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
-            if (!txtcall->text().isEmpty())
-                setFocus(contestcode == QLatin1String("chemp") ? lblrstr : txtrstr);
-        } else {
-            setFocus(txtdate); // manual date and time: confirm them for every QSO
-        }
+        leaveCall();
     }
+}
+
+void ContestForm::leaveCall() {
+    if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
+        if (!txtcall->text().isEmpty())
+            setFocus(contestcode == QLatin1String("chemp") ? lblrstr : txtrstr);
+    } else {
+        setFocus(txtdate); // manual date and time: confirm them for every QSO
+    }
+}
+
+// Alt+W / Ctrl+W: the entry line starts afresh without logging anything, wherever the keyboard
+// was; the sent serial stays, it belongs to the next QSO as much as to this one.
+void ContestForm::wipeEntry() {
+    for (Control* box : {txtcall, txtrstr, txtmult, txtmult2, txtpoint, txtpoint2, txtstran5})
+        box->setText(QString());
+    txtrepit->setVisible(false);
+    multcand.clear();
+    pscand.clear();
+    callitu.clear();
+    callcq.clear();
+    callstrana.clear();
+    kodsrr.clear();
+    confirmedBad.clear();
+    timelist.clear();
+    DBList1->setItems({});
+    DBList1->setText(QString());
+    DBGrid1->setRows({});
+    if (contestcode == QLatin1String("chemp")) lblrstr->setText(QString());
+    setFocus(txtcall);
 }
 
 void ContestForm::txtcall_KeyUp(Event& e) {
@@ -133,19 +166,27 @@ void ContestForm::WWOD() {
     }
 }
 
+namespace {
+Rows earlierQsos(Db& db, const QString& contest, const QString& call) {
+    if (call.isEmpty()) return {};
+    return db.query(QStringLiteral("SELECT ccall, ddate, ttime, bband, rsts1, rsts2, rstr1, "
+                                   "rstr2, mult, ps, point, point2, ps1 FROM tbllog "
+                                   "WHERE ps2 = ?1 AND ccall = ?2 ORDER BY rowid"),
+                    {contest, call});
+}
+} // namespace
+
 void ContestForm::DBList1_Click() {
-    static const QStringList columns = {"ccall", "DDATE",  "ttime", "bband", "rsts1",
-                                        "rsts2", "rstr1",  "rstr2", "mult",  "ps",
-                                        "point", "point2", "ps1"};
-    const QString call = DBList1->text();
-    Rows rows;
-    if (!call.isEmpty())
-        rows = logDb().query(
-            QStringLiteral("SELECT ccall, ddate, ttime, bband, rsts1, rsts2, rstr1, rstr2, mult, "
-                           "ps, point, point2, ps1 FROM tbllog WHERE ps2 = ?1 AND ccall = ?2 "
-                           "ORDER BY rowid"),
-            {contestcode, call});
-    DBGrid1->setTable(columns, std::move(rows));
+    showEarlierQsos(DBList1->text());
+}
+
+// Every QSO of the contest with the station, on every band: the band column tells the
+// operator where it was worked, also when this band's partial list has nothing.
+void ContestForm::showEarlierQsos(const QString& call) {
+    static const QStringList columns = {"Позывной", "Дата",   "Время",    "Диапазон", "Передан",
+                                        "Номер",    "Принят", "Обмен",    "Множ.",    "Множ. 2",
+                                        "Очки",     "Очки 2", "Вид/Повт."};
+    DBGrid1->setTable(columns, earlierQsos(logDb(), contestcode, call));
 }
 
 void ContestForm::wwodcall() {
@@ -153,7 +194,13 @@ void ContestForm::wwodcall() {
     callprefix();
     WWOD();
     STRAN();
-    DBList1_Click();
+    // The typed call itself when it has been worked on any band, else the list's entry.
+    if (call.isEmpty() || !logDb().exists(QStringLiteral("SELECT 1 FROM tbllog WHERE ps2 = ?1 "
+                                                         "AND ccall = ?2 LIMIT 1"),
+                                          {contestcode, call}))
+        DBList1_Click();
+    else
+        showEarlierQsos(call);
 
     if (call.isEmpty()) {
         txtpoint->setText(QStringLiteral("0"));
@@ -224,6 +271,10 @@ void ContestForm::applyRepeatRules() {
         txtrepit->setText(QStringLiteral("Повтор"));
         txtrepit->setVisible(true);
         txtmult->setText(QString());
+        // The points the QSO will be stored with: a repeat counts nothing.
+        txtmult2->setText(QString());
+        txtpoint->setText(QStringLiteral("0"));
+        txtpoint2->setText(QStringLiteral("0"));
     }
 }
 

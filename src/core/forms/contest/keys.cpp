@@ -49,11 +49,24 @@ void ContestForm::registerKeys() {
     proc("cwsend", [this] { cwsend(); });
     proc("cwkey", [this] { cwkey(); });
     var("commport", commport);
+    // Nothing is chosen until the operator picks a port, or the station's settings name a keyer.
+    keyerChosen = !env().port || !env().port->needsChoice() ||
+                  (env().settings && env().settings->keyerBackend != QLatin1String("serial"));
+    if (!keyerChosen) Option1[0]->setValue(0);
     showKeyerSpeed();
     showPorts();
 }
 
 void ContestForm::Form_KeyDown(Event& e) {
+    const int letter = e.keyCode;
+    if ((letter == 'W' && (e.shift == 2 || e.shift == 4))) {
+        wipeEntry();
+        return;
+    }
+    if (letter == 'K' && e.shift == 2) {
+        mnufind_Click();
+        return;
+    }
     // Esc stops a message at once. It only stops the keyer, so the controls still see the key.
     if (e.keyCode == keys::Esc) {
         // A keying device may still be sending when the window thinks it is done: it is always
@@ -87,6 +100,14 @@ void ContestForm::Form_KeyDown(Event& e) {
 }
 
 bool ContestForm::sendKeyMessage(int keyCode) {
+    // No keyer chosen yet: said on the status line, not in a box that would take the next Enter
+    // of the QSO.
+    if (!keyerChosen && keyerKindFromSettings() == QLatin1String("serial")) {
+        status(QStringLiteral("Ключ не выбран: укажите порт COM на панели «CW ключ» (Сервис → "
+                              "CW ключ) или интерфейс ключа в окне Сервис → Настройки…"));
+        return false;
+    }
+    status(QString());
     const int k = keyCode - keys::F2;
     const std::optional<double> factor = parseFactor(TXTSCOR[k]->text());
     if (!factor) {
@@ -189,6 +210,7 @@ void ContestForm::MNUCW_Click() {
 void ContestForm::Option1_Click(int index) {
     if (index < 0 || index > 3) return;
     commport = index + 1;
+    keyerChosen = true;
     // The port itself is opened per message, so a busy port shows up at the next send.
     if (auto* serial = dynamic_cast<Keyer*>(keyer_.get())) serial->setCommPort(commport);
 }

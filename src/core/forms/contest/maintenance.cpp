@@ -31,6 +31,7 @@ void ContestForm::cmbvur_Click() {
     txtrepit->setVisible(false);
     recount();
     nextserial();
+    showLogAsItIs();
 }
 
 bool ContestForm::transferLog() {
@@ -70,7 +71,17 @@ bool ContestForm::transferLog() {
 }
 
 void ContestForm::mnudelet_Click() {
-    clearLog();
+    if (clearLog()) showLogAsItIs();
+}
+
+// After rows left the log, nothing on the screen may still show them: the log grid, the
+// lookups of the entry line, the totals, the rates and the multiplier window.
+void ContestForm::showLogAsItIs() {
+    refreshLogGrid();
+    recount();
+    wwodcall();
+    showRates();
+    refreshMultWindow();
 }
 
 bool ContestForm::clearLog() {

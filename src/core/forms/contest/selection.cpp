@@ -80,6 +80,8 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
             for (int i = 0; i <= mwidlast; ++i) txtMwid[i]->setText(contests::windowBox(*c, i));
     }
 
+    refreshMultWindow();
+    showRates();
     setFocus(QStringLiteral("cmbband"));
 }
 

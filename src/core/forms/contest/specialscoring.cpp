@@ -54,10 +54,4 @@ void ContestForm::SAC1() {
 
 void ContestForm::SAC2() {}
 
-void ContestForm::Prowerka() {}
-
-void ContestForm::mnuprow_Click() {
-    Prowerka();
-}
-
 } // namespace hfc

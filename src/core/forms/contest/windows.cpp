@@ -1,6 +1,7 @@
 #include "forms/contest/contestform.h"
 
 #include "data/databases.h"
+#include "forms/chooser/chooserform.h"
 #include "forms/dxcc1/dxcc1form.h"
 #include "forms/frmhelp/frmhelpform.h"
 #include "forms/otchet/otchetform.h"
@@ -25,6 +26,9 @@ void ContestForm::registerWindows() {
     proc("cmbotchet_Click", [this] { cmbotchet_Click(); });
     proc("mnudxcc_Click", [this] { mnudxcc_Click(); });
     proc("mnurusdx_Click", [this] { mnurusdx_Click(); });
+    mnufind = add("mnufind", Control::Kind::Menu, "Найти соревнование…");
+    mnufind->setExtra(QStringLiteral("parent"), QStringLiteral("cmbadd1"));
+    proc("mnufind_Click", [this] { mnufind_Click(); });
 }
 
 void ContestForm::mnupol_Click() {
@@ -54,6 +58,15 @@ void ContestForm::cmbotchet_Click() {
 void ContestForm::mnudxcc_Click() {
     Form* w = subForms_.value("dxcc1");
     if (!w) subForms_.insert("dxcc1", w = new Dxcc1Form(env(), this));
+    openWindow(*this, w);
+}
+
+void ContestForm::mnufind_Click() {
+    Form* w = subForms_.value("chooser");
+    if (!w) {
+        const auto choose = [this](const QString& item) { fire(item + QStringLiteral("_Click")); };
+        subForms_.insert("chooser", w = new ChooserForm(env(), choose, this));
+    }
     openWindow(*this, w);
 }
 

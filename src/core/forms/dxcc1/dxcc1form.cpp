@@ -34,6 +34,7 @@ const BoxRule* ruleOf(const QString& box) {
 
 Dxcc1Form::Dxcc1Form(const Env& env, QObject* parent) : Form(QStringLiteral("dxcc1"), env, parent) {
     windowTitle = QStringLiteral("DXCC");
+    escCloses = true;
     DBGrid1 = add("DBGrid1", K::Grid);
     lblserch = add("lblserch", K::Label, "Поиск");
     txtserch = add("txtserch", K::TextBox);
@@ -55,6 +56,11 @@ Dxcc1Form::Dxcc1Form(const Env& env, QObject* parent) : Form(QStringLiteral("dxc
          txtstran1 = add("txtstran1", K::TextBox), txtkont1 = add("txtkont1", K::TextBox),
          txtcq1 = add("txtcq1", K::TextBox), txtitu1 = add("txtitu1", K::TextBox)})
         c->setVisible(false);
+    // Headings of the boxes that have no label of their own beside them.
+    txtserch->setExtra("heading", "по префиксу");
+    txtserch1->setExtra("heading", "по стране");
+    txtitu->setExtra("heading", "ITU");
+    txtcq->setExtra("heading", "CQ");
     cmbadd = add("cmbadd", K::Button, "Добавить");
     cmbexit = add("cmbexit", K::Button, "Выход");
     for (const BoxRule& r : kBoxes) control(r.box)->setMaxLength(r.maxLength);
@@ -95,7 +101,13 @@ void Dxcc1Form::boxKeyPress(const QString& box, Event& e) {
 
 void Dxcc1Form::showRows(const QString& sql, const QString& pattern) {
     Db& db = env().db->dxcc;
-    DBGrid1->setTable(db.columnNames(sql), db.query(sql, {pattern}));
+    // The table's own column names mean nothing to a reader: each gets its Russian heading.
+    static const QHash<QString, QString> headings = {
+        {"prf", "Префикс"},    {"PREF", "Префикс страны"}, {"strana", "Страна"},
+        {"kont", "Континент"}, {"iaru", "Зона ITU"},       {"cq", "Зона CQ"}};
+    QStringList columns = db.columnNames(sql);
+    for (QString& c : columns) c = headings.value(c, c);
+    DBGrid1->setTable(columns, db.query(sql, {pattern}));
 }
 
 void Dxcc1Form::searchByPrefix() {

@@ -16,10 +16,12 @@ FrmHelpForm::FrmHelpForm(const Env& env, QObject* parent)
     tvwDb->setExtra("frame", "kalendar"); // the tree sits in the calendar frame
     lblhelp = add("lblhelp", K::Label, "Положение");
     Text1 = add("Text1", K::TextBox);
+    Text1->setExtra("multiline", "1"); // the rules run to pages
     txtcontest = add("txtcontest", K::TextBox);
     txtcontest->setVisible(false);
     lblrez = add("lblrez", K::Label, "Результаты");
     DBCombo1 = add("DBCombo1", K::Combo);
+    DBCombo1->setExtra("heading", "Год");
     Option1 = add("Option1", K::Option, "CW");
     Option2 = add("Option2", K::Option, "SSB");
     txtrez = add("txtrez", K::TextBox);

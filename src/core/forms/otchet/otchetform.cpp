@@ -31,6 +31,7 @@ OtchetForm::OtchetForm(const Env& env, std::function<QString()> currentContest, 
 OtchetForm::~OtchetForm() = default;
 
 void OtchetForm::createControls() {
+    escCloses = true;
     Frame1 = add("Frame1", K::Frame, "Внесите свои данные и дату");
     tcont = add("tcont", K::TextBox);
     tcall = add("tcall", K::TextBox);
@@ -80,6 +81,7 @@ void OtchetForm::createControls() {
     cmbreport = add("cmbreport", K::Button, ".LOG");
     cmbtit = add("cmbtit", K::Button, ".SUM");
     createStandardControls();
+    createChartControls();
     Command1 = add("Command1", K::Button, "Выход");
     lblstatus = add("lblstatus", K::Label);
 
@@ -122,6 +124,7 @@ void OtchetForm::registerHandlers() {
     proc("cmbtit_Click", [this] { cmbtit_Click(); });
     var("contestcode", contestcode);
     registerStandardHandlers();
+    proc("cmbchart_Click", [this] { cmbchart_Click(); });
 }
 
 void OtchetForm::captionButtons() {
@@ -143,6 +146,7 @@ void OtchetForm::Form_Activate() {
     recount();
     showDateRange();
     fillStandardBoxes();
+    fillHours();
 }
 
 // The band table straight from the log, every band at once. The "sat" row is not counted; it

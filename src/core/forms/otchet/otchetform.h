@@ -5,6 +5,7 @@
 //   otchetform.cpp       controls, activation (recount, date range), folder list, exit
 //   writerbuttons.cpp    the Cabrillo, ADIF, .LOG and .SUM buttons
 //   standardbuttons.cpp  Cabrillo 3.0 and ADIF 3.1, the category boxes and the check list
+//   ratechart.cpp        the band-by-hour table and the rate chart's PNG
 #include "forms/form.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/writers.h"
@@ -45,6 +46,11 @@ class OtchetForm : public Form {
     Control *cmbcatop, *cmbcatassist, *cmbcatband, *cmbcatmode, *cmbcatpower, *cmbcatstation,
         *cmbcattx, *cmbqtcrole;
     Control *cmbcab3, *cmbadif3;
+    // The contest hour by hour: QSOs per band (the chart draws these rows) and its PNG button.
+    Control *grdhours, *cmbchart;
+    // Draws the chart into a PNG file; set by the window that shows the chart. Unset (the
+    // script driver), the button says the chart is drawn only in the window.
+    std::function<bool(const QString& path)> chartWriter;
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode; // the main window's code, copied at activation
@@ -63,6 +69,7 @@ class OtchetForm : public Form {
     void cmbtit_Click();
     void cmbcab3_Click();
     void cmbadif3_Click();
+    void cmbchart_Click();
 
   private:
     void createControls();
@@ -85,6 +92,9 @@ class OtchetForm : public Form {
     // The station's full call kept with the log; the station box's call for a log without one.
     QString ownCall() const;
     void showClaimedScore();
+    // ratechart.cpp
+    void createChartControls();
+    void fillHours();
 
     std::function<QString()> currentContest_;
     BoundRow* station_ = nullptr; // tbltit

@@ -14,6 +14,7 @@ constexpr int kSearchLength = 5;
 
 RusdxForm::RusdxForm(const Env& env, QObject* parent) : Form(QStringLiteral("rusdx"), env, parent) {
     windowTitle = QStringLiteral("Районы России");
+    escCloses = true;
     lblserch = add("lblserch", K::Label, "Поиск");
     txtserch = add("txtserch", K::TextBox);
     txtserch->setMaxLength(kSearchLength);
@@ -40,10 +41,11 @@ void RusdxForm::txtserch_KeyPress(Event& e) {
 
 void RusdxForm::txtserch_KeyUp() {
     const Rows rows = env().db->rus.query(
-        QStringLiteral("SELECT pref, gorod, kodcrk FROM tblrus WHERE pref LIKE ?1 ESCAPE '\\' "
+        QStringLiteral("SELECT pref, kodsrr, gorod FROM tblrus WHERE pref LIKE ?1 ESCAPE '\\' "
                        "ORDER BY pref"),
         {likePrefix(txtserch->text())});
-    DBGrid1->setTable({"pref", "gorod", "kodcrk"}, rows);
+    // The oblast's code is what a contest exchange carries; kodcrk is empty in the table.
+    DBGrid1->setTable({"Префикс", "Код области", "Область"}, rows);
 }
 
 void RusdxForm::Command1_Click() {

@@ -1,0 +1,46 @@
+// The rates beside the totals, from the log: a restart loses nothing of them.
+#include "data/rates.h"
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+
+namespace hfc {
+
+void ContestForm::registerRates() {
+    lblrate60 = add("lblrate60", Control::Kind::Label, "0");
+    lblrate60->setTooltip(QStringLiteral("QSO за последние 60 минут"));
+    lblrate10 = add("lblrate10", Control::Kind::Label, "0");
+    lblrate10->setTooltip(QStringLiteral("Темп последних 10 QSO, QSO/час"));
+    lblstatus = add("lblstatus", Control::Kind::Label);
+    proc("showRates", [this] { showRates(); });
+}
+
+void ContestForm::showRates() {
+    // The log's times are those of the entry line's clock, in its time base.
+    const QDateTime clock =
+        Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
+    const QDateTime now(clock.date(), clock.time(), Qt::UTC);
+    // Newest first, and no further back than an hour can hold: even a multi-operator station
+    // does not log a thousand QSOs in an hour.
+    Stmt& s = logDb().prepared(QStringLiteral("SELECT ddate, ttime FROM tbllog WHERE ps2 = ?1 "
+                                              "AND ccall <> '\"' ORDER BY rowid DESC LIMIT 1000"),
+                               {contestcode});
+    QList<QDateTime> times;
+    while (s.step()) times << qsoTime(s.text(0), s.text(1));
+    s.reset();
+    lblrate60->setText(num(rateLastHour(times, now)));
+    lblrate10->setText(num(rateLastTen(times, now)));
+    rateminute = clock.toString(QStringLiteral("yyyyMMddhhmm"));
+}
+
+void ContestForm::tickRates() {
+    const QDateTime clock =
+        Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
+    if (clock.toString(QStringLiteral("yyyyMMddhhmm")) != rateminute) showRates();
+}
+
+void ContestForm::status(const QString& text) {
+    lblstatus->setText(text);
+}
+
+} // namespace hfc

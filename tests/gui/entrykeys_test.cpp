@@ -1,0 +1,144 @@
+// The contester's keys on the real window, offscreen: Space, Alt+W and Ctrl+W in the call box,
+// Backspace over a selection, a paste, the finder's Ctrl+K, and the window at 1024x768.
+#include "windowfixture.h"
+
+#include <QClipboard>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStatusBar>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace hfc;
+
+namespace {
+QLineEdit* callBox(Window& w) {
+    w.form->cmbband_Click(3);
+    w.form->setVar("contestcode", "cqww");
+    auto* call = w.win->findChild<QLineEdit*>("txtcall");
+    w.win->activateWindow();
+    call->setFocus();
+    w.form->setFocus("txtcall");
+    return call;
+}
+} // namespace
+
+TEST(EntryKeysGui, BackspaceOverASelectionRunsTheLookupsSoTheRepeatGoes) {
+    Window w;
+    QLineEdit* call = callBox(w);
+    QTest::keyClicks(call, "dl1abc");
+    w.form->wwodadd(); // DL1ABC in the log on 14 MHz
+    call->setFocus();
+    w.form->setFocus("txtcall");
+    QTest::keyClicks(call, "dl1abc");
+    ASSERT_TRUE(w.form->txtrepit->visible());
+    ASSERT_EQ(w.form->txtrepit->text(), "Повтор");
+    call->setSelection(3, 3); // "ABC"
+    QTest::keyClick(call, Qt::Key_Backspace);
+    EXPECT_EQ(w.form->txtcall->text(), "DL1");
+    EXPECT_EQ(call->text(), "DL1");
+    EXPECT_FALSE(w.form->txtrepit->visible());
+    // Typed back, the repeat shows again; Delete over a selection goes the same way.
+    QTest::keyClicks(call, "abc");
+    EXPECT_TRUE(w.form->txtrepit->visible());
+    call->setSelection(4, 2);
+    QTest::keyClick(call, Qt::Key_Delete);
+    EXPECT_EQ(w.form->txtcall->text(), "DL1A");
+    EXPECT_FALSE(w.form->txtrepit->visible());
+}
+
+TEST(EntryKeysGui, PasteTypesTheClipboardKeyByKey) {
+    Window w;
+    QLineEdit* call = callBox(w);
+    QApplication::clipboard()->setText("k1zz\r\n");
+    QTest::keyClick(call, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.form->txtcall->text(), "K1ZZ"); // upper-cased by the filter, no Enter
+    EXPECT_EQ(w.form->focusName(), "txtcall");
+    EXPECT_EQ(call->text(), "K1ZZ");
+}
+
+TEST(EntryKeysGui, SpaceGoesToTheExchangeAndAltWWipes) {
+    Window w;
+    QLineEdit* call = callBox(w);
+    QTest::keyClicks(call, "k1zz");
+    QTest::keyClick(call, Qt::Key_Space);
+    EXPECT_EQ(w.form->txtcall->text(), "K1ZZ");
+    EXPECT_EQ(w.form->focusName(), "txtrstr");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtrstr");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_W, Qt::AltModifier);
+    EXPECT_EQ(w.form->txtcall->text(), "");
+    EXPECT_EQ(w.form->txtrstr->text(), "");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtcall");
+    QTest::keyClicks(call, "g4abc");
+    QTest::keyClick(call, Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(w.form->txtcall->text(), "");
+    EXPECT_EQ(call->text(), "");
+    EXPECT_EQ(w.db.contest.count("SELECT rowid FROM tbllog"), 0);
+}
+
+TEST(EntryKeysGui, TheWindowFitsA1024By768Screen) {
+    Window w;
+    const QSize min = w.win->minimumSizeHint().expandedTo(w.win->minimumSize());
+    EXPECT_LE(min.width(), 1024);
+    EXPECT_LE(min.height(), 768 - 40);
+    w.win->resize(1024, 728);
+    QApplication::processEvents();
+    // Every box of the entry line and the totals is whole inside the window.
+    const QRect inside = w.win->rect();
+    for (const char* name : {"txtcall", "TXTNCALL", "txtstran5", "TXTRSTS2", "cmbAdd", "qsotot",
+                             "multtot1", "lblrate60", "lblrate10", "txtrepit"}) {
+        QWidget* box = w.win->findChild<QWidget*>(name);
+        ASSERT_NE(box, nullptr) << name;
+        const QRect r(box->mapTo(w.win.get(), QPoint(0, 0)), box->size());
+        EXPECT_TRUE(inside.contains(r)) << name;
+        if (qobject_cast<QLineEdit*>(box) || qobject_cast<QLabel*>(box))
+            EXPECT_GE(box->width(), box->minimumSizeHint().width() - 1) << name;
+    }
+    // The status line is where a function key without a keyer reports.
+    EXPECT_NE(w.win->statusBar()->findChild<QLabel*>("lblstatus"), nullptr);
+}
+
+TEST(EntryKeysGui, ArrowsWalkTheCalendarTreeAndEnterOpensTheContest) {
+    Window w;
+    w.form->fire("mnupol_Click"); // no contest chosen: the calendar is shown
+    auto* tree = w.win->findChild<QTreeWidget*>("tvwDb");
+    ASSERT_NE(tree, nullptr);
+    QApplication::setActiveWindow(tree->window());
+    tree->setFocus();
+    tree->setCurrentItem(tree->topLevelItem(0));
+    QTest::keyClick(tree, Qt::Key_Down);
+    EXPECT_EQ(tree->currentItem(), tree->topLevelItem(1));
+    QTest::keyClick(tree, Qt::Key_Right); // the month opens
+    EXPECT_TRUE(tree->topLevelItem(1)->isExpanded());
+    QTest::keyClick(tree, Qt::Key_Down); // its first contest
+    ASSERT_EQ(tree->currentItem()->parent(), tree->topLevelItem(1));
+    Form* help = w.form->subForm("frmhelp");
+    QTest::keyClick(tree, Qt::Key_Return);
+    EXPECT_NE(help->getVar("helpcode"), "hi hi");
+    EXPECT_FALSE(help->control("kalendar")->visible()); // the rules took its place
+    // Esc closes the window.
+    QTest::keyClick(QApplication::focusWidget() ? QApplication::focusWidget() : tree,
+                    Qt::Key_Escape);
+    EXPECT_FALSE(help->isShown());
+}
+
+TEST(EntryKeysGui, TheRateChartIsSavedAsAPictureBesideTheReports) {
+    Window w;
+    for (const char* tm : {"12:00", "12:10", "13:05"})
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, ttime, ddate) "
+                         "VALUES ('DL1ABC', '14', 'cqww', ?1, '30.11.02')",
+                         {QString::fromLatin1(tm)});
+    w.form->setVar("contestcode", "cqww");
+    w.form->fire("cmbotchet_Click");
+    Form* report = w.form->subForm("otchet");
+    ASSERT_NE(report, nullptr);
+    EXPECT_EQ(report->control("grdhours")->rowCount(), 2u);
+    report->control("txtput")->setText(w.dir.path() + "/");
+    report->control("tcall")->setText("UA3ABC");
+    report->fire("cmbchart_Click");
+    const QImage png(w.dir.path() + "/UA3ABC_rate.png");
+    EXPECT_FALSE(png.isNull());
+    EXPECT_GE(png.width(), 900);
+    EXPECT_TRUE(report->control("lblstatus")->text().startsWith("Файл записан"));
+}
