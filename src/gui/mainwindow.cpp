@@ -129,6 +129,7 @@ void MainWindow::buildMenus() {
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
                              "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
+    service->addAction(binder_->makeAction("mnuhistory", this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
 
@@ -156,6 +157,12 @@ void MainWindow::buildPanels() {
     splitDockWidget(mult, keyer, Qt::Horizontal);
     splitDockWidget(keyer, qtc, Qt::Horizontal);
     splitDockWidget(qtc, worked, Qt::Horizontal);
+    // The call lists sit beside the log, where the eye goes from the call box.
+    PanelDock* scp = dock("panelScp", QStringLiteral("SCP — частичный поиск"),
+                          binder_->make("lstscp"), form_->lstscp, Qt::RightDockWidgetArea);
+    PanelDock* np1 = dock("panelNp1", QStringLiteral("N+1 — один знак"), binder_->make("lstnp1"),
+                          form_->lstnp1, Qt::RightDockWidgetArea);
+    splitDockWidget(scp, np1, Qt::Horizontal);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
@@ -221,6 +228,8 @@ QWidget* MainWindow::buildEntryLine() {
     g->addWidget(country, 1, c);
     g->addWidget(caption(QStringLiteral("QSO")), 0, c + 1);
     g->addWidget(binder_->make("TXTRSTS2"), 1, c + 1);
+    // The name the call history knows, under the call where the operator reads it back.
+    g->addWidget(binder_->make("lblname"), 2, 0, 1, 3);
     return box;
 }
 

@@ -29,6 +29,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerQtc();
     registerMaintenance();
     registerWindows();
+    registerScp();
 }
 
 Db& ContestForm::logDb() {
@@ -253,6 +254,7 @@ void ContestForm::Form_Load() {
         tcont->setText(tit[0][1]);
     }
     resolveOwnCall();
+    loadStationFiles();
     Timer1_Timer();
     setFocus(txtcall);
 }

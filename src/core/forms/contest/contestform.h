@@ -16,8 +16,12 @@
 //   qtc.cpp           WAE QTC frame
 //   maintenance.cpp   transfer to station log, clearing, code-page conversion
 //   windows.cpp       opening the other windows
+//   scp.cpp           super check partial, one-off calls, call history
 #include "data/logtally.h"
+#include "data/workedcalls.h"
 #include "forms/form.h"
+#include "station/callhistory.h"
+#include "station/scp.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -263,6 +267,24 @@ class ContestForm : public Form {
     void cmbotchet_Click();
     void mnudxcc_Click();
     void mnurusdx_Click();
+    // scp.cpp
+    Control *lstscp, *lstnp1; // calls holding the typed text; calls one character off it
+    Control* lblname;         // the station's name from the call history, beside the call
+    Control* mnuhistory;     // "Сервис" -> "Записать историю позывных"
+    void loadStationFiles(); // MASTER.SCP and the call history of the data folder
+    void scplookup();        // both lists and the name for the typed call
+    void historyfill();      // the exchange from the call history
+    bool scpKeyUp(Event& e); // Ctrl+Up/Down/Enter in the call box; true when it took the key
+    void lstscp_Click();
+    void lstnp1_Click();
+    void takeListCall(const QString& call);
+    void moveListCurrent(int step);
+    void mnuhistory_Click();
+    WorkedCalls& workedCalls(); // this contest's calls, in step with the log
+    ScpIndex scp;
+    CallHistory history;
+    QString histfilled; // the exchange the history put into the box, while it is there
+    int scpmax = 40;    // entries a list holds: more than a panel shows on a tall screen
 
   signals:
     void exitRequested();
@@ -287,6 +309,7 @@ class ContestForm : public Form {
     void registerQtc();
     void registerMaintenance();
     void registerWindows();
+    void registerScp();
 
     Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
     Keyer* ensureKeyer();
@@ -295,6 +318,7 @@ class ContestForm : public Form {
     void portBusy();
     QHash<QString, Form*> subForms_;
     std::unique_ptr<LogTally> tally_; // recount.cpp
+    WorkedCalls worked_;              // scp.cpp
 };
 
 } // namespace hfc

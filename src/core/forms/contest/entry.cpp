@@ -51,6 +51,7 @@ void ContestForm::txtcall_KeyPress(Event& e) {
 }
 
 void ContestForm::txtcall_KeyUp(Event& e) {
+    if (scpKeyUp(e)) return;
     if (txtcall->text().isEmpty()) {
         txtrstr->setText(QString());
         txtpoint->setText(QString());
@@ -143,6 +144,7 @@ void ContestForm::wwodcall() {
     WWOD();
     STRAN();
     DBList1_Click();
+    scplookup();
 
     if (call.isEmpty()) {
         txtpoint->setText(QStringLiteral("0"));
@@ -165,6 +167,7 @@ void ContestForm::wwodcall() {
     }
     if (itufill == 0) txtrstr->setText(callitu);
     if (cqfill == 0) txtrstr->setText(callcq);
+    historyfill();
 
     if (dxccmult == 0) {
         multcand = callpref;
