@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace hfc {
@@ -20,17 +21,6 @@ QStringList toList(const std::vector<std::string>& calls, const std::vector<uint
     return out;
 }
 
-// The range of sorted strings that begin with p.
-template <class It> std::pair<It, It> prefixRange(It first, It last, std::string_view p) {
-    const auto lo = std::lower_bound(first, last, p, [](const std::string& s, std::string_view v) {
-        return std::string_view(s).substr(0, v.size()) < v;
-    });
-    const auto hi = std::upper_bound(lo, last, p, [](std::string_view v, const std::string& s) {
-        return v < std::string_view(s).substr(0, v.size());
-    });
-    return {lo, hi};
-}
-
 } // namespace
 
 int ScpIndex::symbol(char c) {
@@ -42,45 +32,64 @@ int ScpIndex::symbol(char c) {
 
 void ScpIndex::load(const QByteArray& text) {
     calls_.clear();
-    reversed_.clear();
-    reversedId_.clear();
-    for (auto& p : pairs_) p.clear();
-
     calls_.reserve(size_t(text.size() / 7));
-    qsizetype at = 0;
-    while (at < text.size()) {
-        qsizetype end = text.indexOf('\n', at);
-        if (end < 0) end = text.size();
-        const QByteArray line = text.mid(at, end - at).trimmed();
-        at = end + 1;
-        if (line.isEmpty() || line.startsWith('#')) continue;
+    const char* p = text.constData();
+    const char* const end = p + text.size();
+    while (p < end) {
+        const char* eol = static_cast<const char*>(std::memchr(p, '\n', size_t(end - p)));
+        if (!eol) eol = end;
+        while (p < eol && (*p == ' ' || *p == '\t')) ++p;
         // A call is the line's first word; whatever follows it is not part of the call.
-        qsizetype word = 0;
-        while (word < line.size() && line[word] != ' ' && line[word] != '\t') ++word;
-        calls_.emplace_back(line.constData(), size_t(word));
-        for (char& c : calls_.back())
-            if (c >= 'a' && c <= 'z') c = char(c - 'a' + 'A');
+        const char* word = p;
+        while (word < eol && *word != ' ' && *word != '\t' && *word != '\r') ++word;
+        if (word > p && *p != '#') {
+            std::string& call = calls_.emplace_back(p, size_t(word - p));
+            for (char& c : call)
+                if (c >= 'a' && c <= 'z') c = char(c - 'a' + 'A');
+        }
+        p = eol + 1;
     }
-    std::sort(calls_.begin(), calls_.end());
+    // The file comes sorted but for a few late additions: those are sorted and merged in.
+    const auto sortedUpTo = std::is_sorted_until(calls_.begin(), calls_.end());
+    std::sort(sortedUpTo, calls_.end());
+    std::inplace_merge(calls_.begin(), sortedUpTo, calls_.end());
     calls_.erase(std::unique(calls_.begin(), calls_.end()), calls_.end());
 
-    std::vector<std::pair<std::string, uint32_t>> rev;
-    rev.reserve(calls_.size());
-    for (uint32_t id = 0; id < calls_.size(); ++id) {
-        const std::string& c = calls_[id];
-        rev.emplace_back(std::string(c.rbegin(), c.rend()), id);
-        for (size_t i = 0; i + 1 < c.size(); ++i) {
-            std::vector<uint32_t>& list = pairs_[size_t(pairKey(c[i], c[i + 1]))];
-            if (list.empty() || list.back() != id) list.push_back(id);
-        }
-    }
-    std::sort(rev.begin(), rev.end());
-    reversed_.reserve(rev.size());
-    reversedId_.reserve(rev.size());
-    for (auto& [s, id] : rev) {
-        reversed_.push_back(std::move(s));
-        reversedId_.push_back(id);
-    }
+    // Each call under every pair of adjacent characters it holds (once), and under its last
+    // pair.
+    buildLists(
+        [this](auto&& f) {
+            for (uint32_t id = 0; id < calls_.size(); ++id) {
+                const std::string& c = calls_[id];
+                for (size_t i = 0; i + 1 < c.size(); ++i) {
+                    bool seen = false;
+                    for (size_t j = 0; j < i && !seen; ++j)
+                        seen = c[j] == c[i] && c[j + 1] == c[i + 1];
+                    if (!seen) f(pairKey(c[i], c[i + 1]), id);
+                }
+            }
+        },
+        pairStart_, pairIds_);
+    buildLists(
+        [this](auto&& f) {
+            for (uint32_t id = 0; id < calls_.size(); ++id) {
+                const std::string& c = calls_[id];
+                if (c.size() >= 2) f(pairKey(c[c.size() - 2], c[c.size() - 1]), id);
+            }
+        },
+        endStart_, endIds_);
+}
+
+// The lists of all keys in one array, counted first, so that no list grows one call at a time.
+template <class Each>
+void ScpIndex::buildLists(const Each& each, std::array<uint32_t, Pairs + 1>& start,
+                          std::vector<uint32_t>& ids) {
+    std::fill(start.begin(), start.end(), 0);
+    each([&](int key, uint32_t) { ++start[size_t(key) + 1]; });
+    for (size_t k = 1; k < start.size(); ++k) start[k] += start[k - 1];
+    ids.assign(start.back(), 0);
+    std::vector<uint32_t> next(start.begin(), start.end() - 1);
+    each([&](int key, uint32_t id) { ids[next[size_t(key)]++] = id; });
 }
 
 bool ScpIndex::loadFile(const QString& path) {
@@ -100,13 +109,14 @@ QStringList ScpIndex::containing(const QString& part, int limit) const {
     if (p.size() < 2 || limit <= 0) return {};
     // Every match holds each pair of the typed text, so the calls of its rarest pair are all
     // that need a look; they are in sorted order, so the first matches are the ones shown.
-    const std::vector<uint32_t>* rarest = &pairs_[size_t(pairKey(p[0], p[1]))];
+    size_t best = size_t(pairKey(p[0], p[1]));
     for (size_t i = 1; i + 1 < p.size(); ++i) {
-        const auto& list = pairs_[size_t(pairKey(p[i], p[i + 1]))];
-        if (list.size() < rarest->size()) rarest = &list;
+        const size_t key = size_t(pairKey(p[i], p[i + 1]));
+        if (pairCount(key) < pairCount(best)) best = key;
     }
     std::vector<uint32_t> hits;
-    for (uint32_t id : *rarest) {
+    for (uint32_t k = pairStart_[best]; k < pairStart_[best + 1]; ++k) {
+        const uint32_t id = pairIds_[k];
         if (calls_[id].find(p) == std::string::npos) continue;
         hits.push_back(id);
         if (int(hits.size()) == limit) break;
@@ -114,23 +124,23 @@ QStringList ScpIndex::containing(const QString& part, int limit) const {
     return toList(calls_, hits);
 }
 
-// One edit leaves one half of the call as it was: the calls that begin with its first half and
-// those that end with its second half are the only candidates.
+// One edit leaves one part of the call as it was: with the call cut after its first `head`
+// characters, an edit in the tail keeps the head and an edit in the head keeps the tail. So the
+// calls that begin with the head and those that end with the tail are the only candidates; the
+// tail is at least two characters long, so that its last pair finds them.
 QStringList ScpIndex::oneOff(const QString& call, int limit) const {
     const std::string c = toKey(call);
-    if (c.size() < 2 || limit <= 0) return {};
-    const size_t half = c.size() / 2;
+    if (c.size() < 3 || limit <= 0) return {};
+    const size_t head = std::min(c.size() / 2, c.size() - 2);
+    const std::string_view prefix = std::string_view(c).substr(0, head);
     std::vector<uint32_t> hits;
-    const auto [plo, phi] =
-        prefixRange(calls_.begin(), calls_.end(), std::string_view(c).substr(0, half));
-    for (auto it = plo; it != phi; ++it)
+    auto it = std::lower_bound(calls_.begin(), calls_.end(), prefix,
+                               [](const std::string& s, std::string_view v) { return s < v; });
+    for (; it != calls_.end() && std::string_view(*it).substr(0, head) == prefix; ++it)
         if (isOneOff(c, *it)) hits.push_back(uint32_t(it - calls_.begin()));
-    const std::string tail(c.rbegin(), c.rbegin() + std::ptrdiff_t(c.size() - half));
-    const auto [rlo, rhi] = prefixRange(reversed_.begin(), reversed_.end(), tail);
-    for (auto it = rlo; it != rhi; ++it) {
-        const uint32_t id = reversedId_[size_t(it - reversed_.begin())];
-        if (isOneOff(c, calls_[id])) hits.push_back(id);
-    }
+    const size_t last = size_t(pairKey(c[c.size() - 2], c[c.size() - 1]));
+    for (uint32_t k = endStart_[last]; k < endStart_[last + 1]; ++k)
+        if (isOneOff(c, calls_[endIds_[k]])) hits.push_back(endIds_[k]);
     std::sort(hits.begin(), hits.end());
     hits.erase(std::unique(hits.begin(), hits.end()), hits.end());
     if (hits.size() > size_t(limit)) hits.resize(size_t(limit));

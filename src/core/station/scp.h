@@ -27,21 +27,26 @@ class ScpIndex {
     // match nothing: one character would list a tenth of the file.
     QStringList containing(const QString& part, int limit) const;
     // Calls one character off call (one substitution, insertion or deletion), sorted, at most
-    // limit; the call itself is not among them.
+    // limit; the call itself is not among them. A call of fewer than three characters has
+    // none: nearly every short call is one off it.
     QStringList oneOff(const QString& call, int limit) const;
 
   private:
     static constexpr int Symbols = 64; // A-Z, 0-9, '/', anything else shares one slot
     static int symbol(char c);
     static int pairKey(char a, char b) { return symbol(a) * Symbols + symbol(b); }
-    void collectOneOff(std::string_view call, size_t from, size_t to, bool reversed,
-                       std::vector<uint32_t>& out) const;
+    static constexpr int Pairs = Symbols * Symbols;
+    template <class Each>
+    static void buildLists(const Each& each, std::array<uint32_t, Pairs + 1>& start,
+                           std::vector<uint32_t>& ids);
 
-    std::vector<std::string> calls_;    // sorted
-    std::vector<std::string> reversed_; // each call written backwards, sorted
-    std::vector<uint32_t> reversedId_;  // reversed_[i] is calls_[reversedId_[i]] backwards
-    // For each pair of adjacent characters, the calls holding it, in sorted order.
-    std::array<std::vector<uint32_t>, Symbols * Symbols> pairs_;
+    std::vector<std::string> calls_; // sorted
+    // For each pair of adjacent characters the calls holding it, in sorted order: those of pair
+    // k are pairIds_[pairStart_[k] .. pairStart_[k + 1]). endIds_ holds the calls by their last
+    // pair the same way.
+    std::array<uint32_t, Pairs + 1> pairStart_{}, endStart_{};
+    std::vector<uint32_t> pairIds_, endIds_;
+    uint32_t pairCount(size_t k) const { return pairStart_[k + 1] - pairStart_[k]; }
 };
 
 // Exactly one substitution, insertion or deletion turns a into b (compared as they are: the

@@ -281,7 +281,9 @@ class ContestForm : public Form {
     void moveListCurrent(int step);
     void mnuhistory_Click();
     WorkedCalls& workedCalls(); // this contest's calls, in step with the log
+    ScpIndex& scpIndex();       // read from its file at the first use
     ScpIndex scp;
+    bool scpRead = false;
     CallHistory history;
     QString histfilled; // the exchange the history put into the box, while it is there
     int scpmax = 40;    // entries a list holds: more than a panel shows on a tall screen

@@ -49,19 +49,28 @@ void ContestForm::registerScp() {
 }
 
 void ContestForm::loadStationFiles() {
-    const QString dir = env().db->dir();
-    // Without a MASTER.SCP the lists still offer the calls of the own log.
-    const QString scpPath = scpFilePath(dir);
-    if (!scpPath.isEmpty() && !scp.loadFile(scpPath))
-        msgbox(QStringLiteral("Не удалось прочитать файл %1.\nСписок позывных не загружен.")
-                   .arg(scpPath),
-               QStringLiteral("Ошибка !!!"));
+    scpRead = false; // read again at the next lookup
     history.clear();
-    const QString hist = callHistoryPath(dir);
+    const QString hist = callHistoryPath(env().db->dir());
     if (QFileInfo::exists(hist) && !history.loadFile(hist))
         msgbox(QStringLiteral("Не удалось прочитать файл %1.\nИстория позывных не загружена.")
                    .arg(hist),
                QStringLiteral("Ошибка !!!"));
+}
+
+// The 85k calls are read when the first call is typed, not at start: a window that is only
+// opened to look at the log or write a report never needs them.
+ScpIndex& ContestForm::scpIndex() {
+    if (scpRead) return scp;
+    scpRead = true;
+    scp.load({});
+    // Without a MASTER.SCP the lists still offer the calls of the own log.
+    const QString path = scpFilePath(env().db->dir());
+    if (!path.isEmpty() && !scp.loadFile(path))
+        msgbox(
+            QStringLiteral("Не удалось прочитать файл %1.\nСписок позывных не загружен.").arg(path),
+            QStringLiteral("Ошибка !!!"));
+    return scp;
 }
 
 WorkedCalls& ContestForm::workedCalls() {
@@ -73,10 +82,10 @@ void ContestForm::scplookup() {
     const QString call = txtcall->text();
     lblname->setText(history.value(call, QStringLiteral("Name")));
     QStringList partial, near;
-    if (call.size() >= 2) partial = scp.containing(call, scpmax);
+    if (call.size() >= 2) partial = scpIndex().containing(call, scpmax);
     const WorkedCalls* worked = call.size() >= 2 ? &workedCalls() : nullptr;
     if (call.size() >= 3) {
-        near = scp.oneOff(call, scpmax);
+        near = scpIndex().oneOff(call, scpmax);
         // The own log has calls no file knows of: the stations worked in this contest.
         for (const QString& c : worked->calls())
             if (isOneOff(call, c) && !near.contains(c)) near << c;
