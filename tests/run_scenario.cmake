@@ -2,6 +2,10 @@
 # .expected file next to it.
 file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
+# The operator's own settings (a keyer backend, a rig) must not reach a scenario: it gets an
+# empty configuration folder of its own.
+file(MAKE_DIRECTORY ${WORK}/config)
+set(ENV{XDG_CONFIG_HOME} ${WORK}/config)
 string(REGEX REPLACE "\\.script$" ".expected" EXPECTED ${SCRIPT})
 execute_process(COMMAND ${DRIVER} --data-dir ${WORK}/data ${SCRIPT}
                 OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc

@@ -1,5 +1,6 @@
 // hfcontest: the contest logger.
 #include "data/databases.h"
+#include "data/restore.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "keyer/serialkeyport.h"
@@ -19,6 +20,12 @@ int main(int argc, char** argv) {
         QCoreApplication app(argc, argv);
         QTextStream out(stdout), err(stderr);
         return hfc::runExportCommand(app.arguments().mid(2), out, err);
+    }
+    // `hfcontest restore [--data-dir DIR] BACKUP` puts a backup in place of the log.
+    if (argc > 1 && std::strcmp(argv[1], "restore") == 0) {
+        QCoreApplication app(argc, argv);
+        QTextStream out(stdout), err(stderr);
+        return hfc::runRestoreCommand(app.arguments().mid(2), out, err);
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("hfcontest"));
@@ -51,9 +58,9 @@ int main(int argc, char** argv) {
     env.settings = &station;
     hfc::ContestForm form(env);
     form.Form_Load();
-    // The operator's own F4, F7 and F9 messages are kept between runs, as any contest keyer does;
-    // F2 and F8 start from their standard texts.
-    for (hfc::Control* c : {form.txtf4, form.txtf7, form.txtf9}) {
+    // The operator's own F4, F7 and F9 messages and the thanks text are kept between runs, as any
+    // contest keyer does; F2 and F8 start from their standard texts.
+    for (hfc::Control* c : {form.txtf4, form.txtf7, form.txtf9, form.txttu}) {
         const QString key = QStringLiteral("keyer/") + c->name();
         c->setText(settings.value(key, c->text()).toString());
         QObject::connect(c, &hfc::Control::changed, c,

@@ -127,7 +127,7 @@ void MainWindow::buildMenus() {
     bar->addAction(binder_->makeAction("mnudxcc", this, QChar(u'D')));
     auto* service = bar->addMenu(Binder::withMnemonic(form_->mnuserw->text(), QChar(u'и')));
     for (const char* item : {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx",
-                             "mnuQTC", "mnudelet", "mnuwindos", "mnuprow"})
+                             "mnuQTC", "mnudelet", "mnurestore", "mnuwindos", "mnuprow"})
         service->addAction(binder_->makeAction(item, this));
     service->addAction(binder_->makeAction("mnuhistory", this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
@@ -309,6 +309,8 @@ QWidget* MainWindow::buildKeyerPanel() {
     g->addWidget(binder_->make("lblports"), 8, 0, 1, 5);
     g->addWidget(binder_->make("LblPoz"), 9, 0, 1, 4);
     g->addWidget(binder_->make("lblcat"), 9, 4, 1, 4);
+    g->addWidget(new QLabel(QStringLiteral("Спасибо (Enter)")), 10, 0, 1, 2);
+    g->addWidget(binder_->make("txttu"), 10, 2, 1, 3);
     return frame;
 }
 

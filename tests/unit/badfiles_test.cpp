@@ -336,7 +336,8 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
             .arg(w->lblstatus->text())
             .arg(ui.takeShown().filter("msgbox").size());
     });
-    EXPECT_EQ(result, QString("0|Не удалось записать файл: %1/UA3ABC.LOG|0").arg(out));
+    EXPECT_EQ(result,
+              QString("0|Не удалось записать файл: %1/UA3ABC.LOG (нет прав на запись)|0").arg(out));
     // the command line says so and exits 1
     const QString command = unprivileged([&] {
         QString o, e;
@@ -345,7 +346,8 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
         se.flush();
         return QString("%1|%2").arg(code).arg(e);
     });
-    EXPECT_EQ(command, QString("1|Не удалось записать файл: %1/UA3ABC.LOG\n").arg(out));
+    EXPECT_EQ(command,
+              QString("1|Не удалось записать файл: %1/UA3ABC.LOG (нет прав на запись)\n").arg(out));
     QFile again(out + "/UA3ABC.LOG");
     ASSERT_TRUE(again.open(QIODevice::ReadOnly));
     EXPECT_EQ(again.readAll(), "earlier report\n");

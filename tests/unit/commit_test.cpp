@@ -214,3 +214,48 @@ TEST_F(CommitTest, LogGridCatchesUpWithChangesMadeElsewhere) {
     form->setFocus("txtcall");
     EXPECT_EQ(form->DBGrid3->rows().size(), 2u);
 }
+
+// A logged QSO survives a power cut only if every commit waits for the disk.
+TEST_F(CommitTest, TheLogWaitsForTheDiskOnEveryCommit) {
+    EXPECT_EQ(db.contest.scalar("PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(db.contest.scalar("PRAGMA synchronous"), "2"); // FULL; NORMAL (1) may lose a QSO
+}
+
+// A refused write must not pass for a logged QSO: the entry line stays as typed, the operator is
+// told in words, and the rate counters do not move; once the cause is gone, Enter logs it.
+TEST_F(CommitTest, ARefusedWriteKeepsTheQsoInTheEntryLine) {
+    form->contestcode = "cqww";
+    typeCall("DL1ABC");
+    form->txtrsts->setText("16");
+    form->txtrstr->setText("14");
+    form->txtmult->setText("DL");
+    form->txtpoint->setText("3");
+    const QDateTime last = form->lastqso, bandstart = form->bandstart;
+    const int hour = form->hourcount;
+    // A store that takes no writes (a full disk is played on a small mount in diskfaults_test).
+    db.contest.scalar("PRAGMA query_only=1");
+    clock.advance(60);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->setFocus("txtrstr");
+    form->typeText("\r");
+    const QStringList shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 1);
+    EXPECT_TRUE(shown[0].contains("DL1ABC НЕ записано") && shown[0].contains("только для чтения"))
+        << shown[0].toStdString();
+    EXPECT_EQ(logRows(), 0);
+    for (const auto& [box, typed] :
+         {std::pair{"txtcall", "DL1ABC"}, {"txtrsts", "16"}, {"txtrstr", "14"}, {"txtmult", "DL"}})
+        EXPECT_EQ(text(box), typed) << box;
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    EXPECT_EQ(form->qsorun, 0);
+    EXPECT_EQ(form->hourcount, hour);
+    EXPECT_EQ(form->lastqso, last);
+    EXPECT_EQ(form->bandstart, bandstart);
+    db.contest.scalar("PRAGMA query_only=0");
+    form->typeText("\r");
+    EXPECT_EQ(db.contest.query("SELECT ccall, rstr2, mult FROM tbllog"),
+              Rows({{"DL1ABC", "14", "DL"}}));
+    EXPECT_EQ(form->qsorun, 1);
+    EXPECT_EQ(form->lastqso, clock.localNow());
+    EXPECT_EQ(text("txtcall"), "");
+}

@@ -93,7 +93,8 @@ TEST_F(ExportTest, RefusesWithARussianMessageAndAnExitCode) {
     QDir(out.path()).mkdir("UA3ABC.SUM"); // the file's place is taken
     EXPECT_EQ(run({"--data-dir", dir.path(), "--to", out.path(), "sum"}), 1);
     EXPECT_EQ(errText,
-              QString::fromUtf8("Не удалось записать файл: %1/UA3ABC.SUM\n").arg(out.path()));
+              QString::fromUtf8("Не удалось записать файл: %1/UA3ABC.SUM (на месте файла папка)\n")
+                  .arg(out.path()));
     EXPECT_TRUE(outText.isEmpty());
 
     db.contest.run("UPDATE tbltit SET ccall = ''");

@@ -40,7 +40,7 @@ struct KeyerPanelTest : FormFixture {
 
     // What the port saw once the queued messages are out and the window has had its notices.
     std::vector<KeyEvent> sent() {
-        if (Keyer* k = form->keyer()) k->waitIdle();
+        if (KeyerBackend* k = form->keyer()) k->waitIdle();
         QCoreApplication::sendPostedEvents();
         auto events = port.takeEvents();
         if (!events.empty()) {

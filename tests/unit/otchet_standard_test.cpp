@@ -179,11 +179,11 @@ TEST_F(StandardExportTest, FileThatCannotBeWrittenIsReportedQuietly) {
     w->txtput->setText(out.path() + "/missing");
     w->cmbcab3_Click();
     EXPECT_FALSE(w->lastWriteOk);
-    EXPECT_EQ(w->lblstatus->text(),
-              QString::fromUtf8("Не удалось записать файл: ") + out.path() + "/missing/UA9CDE.log");
+    EXPECT_EQ(w->lblstatus->text(), QString::fromUtf8("Не удалось записать файл: ") + out.path() +
+                                        QString::fromUtf8("/missing/UA9CDE.log (папки нет)"));
     w->cmbadif3_Click();
-    EXPECT_EQ(w->lblstatus->text(),
-              QString::fromUtf8("Не удалось записать файл: ") + out.path() + "/missing/UA9CDE.adi");
+    EXPECT_EQ(w->lblstatus->text(), QString::fromUtf8("Не удалось записать файл: ") + out.path() +
+                                        QString::fromUtf8("/missing/UA9CDE.adi (папки нет)"));
     EXPECT_TRUE(ui.takeShown().isEmpty());
 }
 

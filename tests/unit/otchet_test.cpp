@@ -230,8 +230,8 @@ TEST_F(OtchetTest, AFileThatCannotBeWrittenIsReportedAndTheLogStays) {
     w->txtput->setText(out.path());
     w->Ccabrila_Click();
     EXPECT_FALSE(w->lastWriteOk);
-    EXPECT_EQ(o("lblstatus"),
-              QString::fromUtf8("Не удалось записать файл: ") + out.path() + "/UA3ABC");
+    EXPECT_EQ(o("lblstatus"), QString::fromUtf8("Не удалось записать файл: ") + out.path() +
+                                  QString::fromUtf8("/UA3ABC (на месте файла папка)"));
     EXPECT_TRUE(ui.takeShown().isEmpty()); // no message box
     w->cmbreport_Click();                  // the other names are free
     EXPECT_TRUE(w->lastWriteOk);

@@ -1,6 +1,8 @@
 #include "data/databases.h"
 
 #include "data/csv.h"
+#include "data/dbcheck.h"
+#include "data/safefile.h"
 #include "data/schema.h"
 
 #include <QDir>
@@ -8,7 +10,10 @@
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QSet>
+#include <cerrno>
+#include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -63,80 +68,6 @@ QString unusableMessage(const QString& path, const QString& why) {
         .arg(QDir::toNativeSeparators(path), why);
 }
 
-const QString& damaged() {
-    static const QString why = QStringLiteral("это не база данных SQLite или файл повреждён");
-    return why;
-}
-
-// Checks an existing file before the program uses it: it must be an SQLite database holding
-// every table with every column, and intact, so that nothing is written into a file that is not
-// ours or is damaged. Nothing is written here; opening read-write only lets SQLite finish an
-// interrupted write (a hot journal) that a read-only connection could not.
-bool checkExisting(const QString& path, const DbFileDef& def, QString& why) {
-    if (QFileInfo(path).size() == 0) {
-        why = QStringLiteral("файл пуст");
-        return false;
-    }
-    const QByteArray p = QFile::encodeName(path);
-    // The log must take every QSO; the reference tables are read far more than written, and a
-    // write into a read-only one is reported when it happens.
-    if (def.key == QLatin1String("contest") && ::access(p.constData(), W_OK) != 0) {
-        why = QStringLiteral("файл доступен только для чтения, журнал в него не записать");
-        return false;
-    }
-    sqlite3* h = nullptr;
-    if (sqlite3_open_v2(p.constData(), &h, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-        sqlite3_close(h);
-        h = nullptr;
-        if (sqlite3_open_v2(p.constData(), &h, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
-            why = QStringLiteral("файл не открывается");
-            sqlite3_close(h);
-            return false;
-        }
-    }
-    const auto closeHandle = qScopeGuard([h] { sqlite3_close(h); });
-    for (const TableDef& t : def.tables) {
-        const QByteArray sql = QStringLiteral("PRAGMA table_info(%1)").arg(t.name).toUtf8();
-        sqlite3_stmt* st = nullptr;
-        if (sqlite3_prepare_v2(h, sql.constData(), -1, &st, nullptr) != SQLITE_OK) {
-            why = damaged();
-            return false;
-        }
-        QSet<QString> have;
-        int rc;
-        while ((rc = sqlite3_step(st)) == SQLITE_ROW)
-            have.insert(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 1)))
-                            .toLower());
-        sqlite3_finalize(st);
-        if (rc != SQLITE_DONE) {
-            why = damaged();
-            return false;
-        }
-        if (have.isEmpty()) {
-            why = QStringLiteral("в ней нет таблицы %1").arg(t.name);
-            return false;
-        }
-        for (const QString& c : t.columns) {
-            if (!have.contains(c.toLower())) {
-                why = QStringLiteral("в таблице %1 нет поля %2").arg(t.name, c);
-                return false;
-            }
-        }
-    }
-    // Every page read once: a damaged page is found now, not halfway through a contest.
-    sqlite3_stmt* st = nullptr;
-    const bool intact =
-        sqlite3_prepare_v2(h, "PRAGMA quick_check(1)", -1, &st, nullptr) == SQLITE_OK &&
-        sqlite3_step(st) == SQLITE_ROW &&
-        qstrcmp(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)), "ok") == 0;
-    sqlite3_finalize(st);
-    if (!intact) {
-        why = QStringLiteral("файл повреждён (проверка целостности не пройдена)");
-        return false;
-    }
-    return true;
-}
-
 // The files a database at path may leave beside it.
 void removeWithCompanions(const QString& path) {
     for (const char* suffix : {"", "-journal", "-wal", "-shm"})
@@ -166,9 +97,9 @@ bool createSeeded(const QString& path, const DbFileDef& def, Db& db, QString& er
                 .arg(QDir::toNativeSeparators(path), dbErrorReason(e));
         return false;
     }
-    // Never over a file that appeared meanwhile; the rename itself is atomic.
-    if (QFileInfo::exists(path) || std::rename(QFile::encodeName(work).constData(),
-                                               QFile::encodeName(path).constData()) != 0) {
+    // Never over a file (or a link) that appeared meanwhile; the rename itself is atomic.
+    if (fileOrLinkAt(path) || std::rename(QFile::encodeName(work).constData(),
+                                          QFile::encodeName(path).constData()) != 0) {
         removeWithCompanions(work);
         error = QStringLiteral("Не удалось создать файл базы данных «%1».\nПрограмма не запущена.")
                     .arg(QDir::toNativeSeparators(path));
@@ -211,7 +142,56 @@ bool Databases::stillInPlace(const Db& db) const {
     return db.isOpen() && id.second != 0 && fileId(db.path()) == id;
 }
 
-bool Databases::open(const QString& dir, QString& error) {
+Databases::~Databases() {
+    // The files are closed (the log's WAL folded in) before another program may take the folder.
+    for (const DbFileDef& def : databaseFiles()) byKey(def.key)->close();
+    lock_.release();
+}
+
+QString Databases::pathOf(const QString& key) const {
+    return paths_.value(key);
+}
+
+QString Databases::checkMarksPath() const {
+    return dir_ + QStringLiteral("/.hfcontest-checked");
+}
+
+// "file stamp" lines: each file as it stood after its last full check.
+QHash<QString, QString> Databases::readCheckMarks() const {
+    QHash<QString, QString> marks;
+    QFile f(checkMarksPath());
+    if (!f.open(QIODevice::ReadOnly)) return marks;
+    for (const QByteArray& line : f.readAll().split('\n')) {
+        const qsizetype space = line.indexOf(' ');
+        if (space > 0) marks.insert(QString::fromUtf8(line.left(space)), line.mid(space + 1));
+    }
+    return marks;
+}
+
+bool Databases::openOne(const DbFileDef& def, QString& error) {
+    const QString path = paths_.value(def.key);
+    Db& db = *byKey(def.key);
+    if (!fileOrLinkAt(path) && !createSeeded(path, def, db, error)) return false;
+    try {
+        db.open(path, false);
+        if (def.key == QLatin1String("contest")) {
+            // A logged QSO must survive a crash or a power cut.
+            db.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
+            db.exec(QStringLiteral("PRAGMA synchronous=FULL"));
+        }
+        for (const TableDef& t : def.tables)
+            for (const QString& ix : t.indexes) db.exec(ix);
+        fileIds_.insert(&db, fileId(path));
+    } catch (const DbError& e) {
+        db.close();
+        error = unusableMessage(path, noSpaceLeft(dir_) ? QStringLiteral("на диске нет места")
+                                                        : dbErrorReason(e));
+        return false;
+    }
+    return true;
+}
+
+bool Databases::open(const QString& dir, QString& error, bool holdFolder) {
     initSeedResource();
     dir_ = dir;
     if (!QDir().mkpath(dir)) {
@@ -226,35 +206,63 @@ bool Databases::open(const QString& dir, QString& error) {
                     .arg(QDir::toNativeSeparators(dir));
         return false;
     }
-    // Check every existing file before touching any, so a bad file stops the start cleanly.
+    // A full disk is named as such: a log said to be damaged might be deleted by its owner.
+    if (noSpaceLeft(dir)) {
+        error = QStringLiteral("На диске папки данных «%1» нет места: журнал не может быть "
+                               "сохранён.\nОсвободите место; программа не запущена, файлы не "
+                               "изменены.")
+                    .arg(QDir::toNativeSeparators(dir));
+        return false;
+    }
+    if (holdFolder && !lock_.take(dir, error)) return false;
     for (const DbFileDef& def : databaseFiles()) {
-        const QString path = filePath(def.file);
-        if (!QFileInfo::exists(path)) continue;
+        QString resolved;
+        if (!followDatabaseLink(filePath(def.file), resolved, error)) return false;
+        paths_.insert(def.key, resolved);
+    }
+    // Check every existing file before touching any, so a bad file stops the start cleanly. A
+    // file changed since its last full check has its indexes compared with its tables too: a
+    // damaged index would make dupes pass unseen.
+    QHash<QString, QString> marks = readCheckMarks();
+    bool marksChanged = false;
+    for (const DbFileDef& def : databaseFiles()) {
+        const QString path = paths_.value(def.key);
+        if (!fileOrLinkAt(path)) {
+            marks.remove(def.file);
+            marksChanged = true;
+            continue;
+        }
+        const QString stamp = fileStamp(path);
+        const bool full = marks.value(def.file) != stamp;
         QString why;
-        if (!checkExisting(path, def, why)) {
+        // The log must take every QSO; the reference tables are read far more than written,
+        // and a write into a read-only one is reported when it happens.
+        if (def.key == QLatin1String("contest") &&
+            ::access(QFile::encodeName(path).constData(), W_OK) != 0)
+            why = QStringLiteral("файл доступен только для чтения, журнал в него не записать");
+        if (!why.isEmpty() || !checkDatabaseFile(path, def, full, why)) {
             error = unusableMessage(path, why);
             return false;
         }
+        if (full) {
+            marks.insert(def.file, stamp);
+            marksChanged = true;
+        }
     }
     for (const DbFileDef& def : databaseFiles()) {
-        const QString path = filePath(def.file);
-        Db& db = *byKey(def.key);
-        if (!QFileInfo::exists(path) && !createSeeded(path, def, db, error)) return false;
-        try {
-            db.open(path, false);
-            if (def.key == QLatin1String("contest")) {
-                // A logged QSO must survive a crash or a power cut.
-                db.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
-                db.exec(QStringLiteral("PRAGMA synchronous=FULL"));
-            }
-            for (const TableDef& t : def.tables)
-                for (const QString& ix : t.indexes) db.exec(ix);
-            fileIds_.insert(&db, fileId(path));
-        } catch (const DbError& e) {
-            db.close();
-            error = unusableMessage(path, dbErrorReason(e));
-            return false;
+        const bool created = !fileOrLinkAt(paths_.value(def.key));
+        if (!openOne(def, error)) return false;
+        if (created) {
+            marks.insert(def.file, fileStamp(paths_.value(def.key)));
+            marksChanged = true;
         }
+    }
+    if (marksChanged) {
+        QByteArray text;
+        for (auto it = marks.cbegin(); it != marks.cend(); ++it)
+            text += it.key().toUtf8() + ' ' + it.value().toUtf8() + '\n';
+        // Not written (a full disk): the next start checks fully again, nothing worse.
+        writeFileWhole(checkMarksPath(), text);
     }
     return true;
 }

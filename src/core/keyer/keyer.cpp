@@ -29,7 +29,7 @@ Keyer::Keyer(std::shared_ptr<KeyPort> port) : m_port(std::move(port)) {
 }
 
 Keyer::~Keyer() {
-    abort();
+    Keyer::abort(); // this class's own: no override can run in a destructor
     {
         std::lock_guard lock(m_mutex);
         m_stop = true;
@@ -104,10 +104,11 @@ void Keyer::run() {
             lock.unlock();
             const Outcome outcome = play(message);
             lock.lock();
-            if (outcome == Outcome::PortError && m_onPortError) {
+            if (outcome == Outcome::PortError) {
                 const auto handler = m_onPortError;
                 lock.unlock();
-                handler();
+                if (handler) handler();
+                reportError(QStringLiteral("Порт занят"));
                 lock.lock();
             }
         } else if (m_stop) {

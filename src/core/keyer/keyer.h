@@ -2,6 +2,7 @@
 // Plays Morse element strings on a key port. Messages go out on a worker thread so that the
 // window keeps taking keys while one is sent; further messages queue behind it, and Esc (abort)
 // stops the message at once.
+#include "keyer/keyerbackend.h"
 #include "keyer/keyport.h"
 
 #include <QString>
@@ -16,10 +17,10 @@
 
 namespace hfc {
 
-class Keyer {
+class Keyer : public KeyerBackend {
   public:
     explicit Keyer(std::shared_ptr<KeyPort> port);
-    ~Keyer();
+    ~Keyer() override;
     Keyer(const Keyer&) = delete;
     Keyer& operator=(const Keyer&) = delete;
 
@@ -36,20 +37,20 @@ class Keyer {
     // Called on the worker thread when the port cannot be opened or a line cannot be set. The
     // message has stopped with the lines and the port left as they were. The handler must be
     // thread-safe: a form posts it to its own thread to show "Порт занят". waitIdle() returns only
-    // after the handler has returned.
+    // after the handler has returned. The error handler of KeyerBackend gets "Порт занят" then.
     void setPortErrorHandler(std::function<void()> handler);
 
     // Queues a message (cwkey): PTT on, the elements at `unit` iterations, then the 4-unit PTT tail
     // at `restoredUnit`, the bar's unit once the per-key speed factor is undone.
-    void send(const QString& cwcode, qint64 unit, qint64 restoredUnit);
+    void send(const QString& cwcode, qint64 unit, qint64 restoredUnit) override;
 
     // Esc: drops the queue and stops the message being sent; if the port is open, DTR off, RTS off
     // and the port closed, in that order.
-    void abort();
+    void abort() override;
 
     // Blocks until the queue is empty and nothing is being sent.
-    void waitIdle();
-    bool busy() const;
+    void waitIdle() override;
+    bool busy() const override;
 
   private:
     struct Message {

@@ -139,7 +139,8 @@ int runExportCommand(const QStringList& argsIn, QTextStream& out, QTextStream& e
 
     Databases db;
     QString error;
-    if (!db.open(dataDir, error)) {
+    // A report may be written while the logger runs on the folder; SQLite keeps the two apart.
+    if (!db.open(dataDir, error, false)) {
         err << error << "\n";
         return 1;
     }

@@ -1,8 +1,7 @@
 #include "reports/reportfiles.h"
 
 #include "data/db.h"
-
-#include <QSaveFile>
+#include "data/safefile.h"
 
 namespace hfc {
 
@@ -48,14 +47,10 @@ QList<LogRow> qtcTableRows(Db& contest) {
 
 #undef LOG_ROW_COLUMNS
 
-bool writeReportFile(const QString& path, const QByteArray& bytes) {
-    QSaveFile f(path);
-    if (!f.open(QIODevice::WriteOnly)) return false;
-    if (f.write(bytes) != bytes.size()) {
-        f.cancelWriting();
-        return false;
-    }
-    return f.commit();
+// Not QSaveFile: its commit() does not report bytes that fail when the file is closed, so a
+// small report on a full disk became an empty file said to be written.
+bool writeReportFile(const QString& path, const QByteArray& bytes, QString* error) {
+    return writeFileWhole(path, bytes, error);
 }
 
 } // namespace hfc

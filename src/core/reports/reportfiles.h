@@ -25,7 +25,8 @@ QList<LogRow> logInEntryOrder(Db& contest);
 QList<LogRow> qtcTableRows(Db& contest);
 
 // Writes a whole file, replacing an existing one only once the new content is complete, so a
-// full disk or a vanished folder never leaves a half-written report behind. False on failure.
-bool writeReportFile(const QString& path, const QByteArray& bytes);
+// full disk or a vanished folder never leaves a half-written report behind. False on failure,
+// with error (if given) naming the file and the cause in Russian.
+bool writeReportFile(const QString& path, const QByteArray& bytes, QString* error = nullptr);
 
 } // namespace hfc

@@ -30,7 +30,7 @@ struct ScriptRunner::Impl {
 
     // Lets the keyer's queued notices (a busy port) reach the window before the next line.
     void settle() {
-        if (Keyer* k = form->keyer()) k->waitIdle();
+        if (KeyerBackend* k = form->keyer()) k->waitIdle();
         QCoreApplication::processEvents();
     }
 

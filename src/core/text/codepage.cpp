@@ -1,5 +1,7 @@
 #include "text/codepage.h"
 
+#include "data/safefile.h"
+
 #include <QFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
@@ -67,10 +69,6 @@ const std::array<char, 256>& win1251ToCp866Table() {
     return table;
 }
 
-bool writeAll(QFile& f, const QByteArray& bytes) {
-    return f.write(bytes) == bytes.size();
-}
-
 } // namespace
 
 QByteArray toWin1251(const QString& text) {
@@ -89,33 +87,34 @@ QByteArray win1251ToCp866(const QByteArray& bytes) {
     return out;
 }
 
-bool ansiToOemFile(const QString& path) {
+bool ansiToOemFile(const QString& path, QString* error) {
     if (path.size() < 4) return false;
+    // The copy named with "1" is the working file: the converted text goes there whole and then
+    // takes the file's place, so a full disk or a failed write leaves the file as it was.
     const QString copy = path.left(path.size() - 4) + QLatin1Char('1') + path.right(4);
 
-    // A leftover copy from an earlier run is replaced, as the user chose this file anew.
-    if (QFile::exists(copy) && !QFile::remove(copy)) return false;
-    if (!QFile::copy(path, copy)) return false;
-    if (!QFile::remove(path)) return false;
-
-    QFile in(copy);
-    if (!in.open(QIODevice::ReadOnly)) return false;
+    QFile in(path);
+    if (!in.open(QIODevice::ReadOnly)) {
+        if (error) *error = QStringLiteral("Не удалось прочитать файл: %1").arg(path);
+        return false;
+    }
     const QByteArray text = in.readAll();
-    if (in.error() != QFileDevice::NoError) return false;
+    if (in.error() != QFileDevice::NoError) {
+        if (error) *error = QStringLiteral("Не удалось прочитать файл: %1").arg(path);
+        return false;
+    }
     in.close();
 
-    QFile out(path);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
     QList<QByteArray> lines = text.split('\n');
     // Text ending in a line end (or empty text) has no line after the last LF.
     if (lines.last().isEmpty()) lines.removeLast();
+    QByteArray out;
+    out.reserve(text.size() + lines.size());
     for (QByteArray& line : lines) {
         if (line.endsWith('\r')) line.chop(1);
-        if (!writeAll(out, win1251ToCp866(line) + "\r\n")) return false;
+        out += win1251ToCp866(line) + "\r\n";
     }
-    if (!out.flush()) return false;
-    out.close();
-    return QFile::remove(copy);
+    return writeFileWhole(path, out, error, copy);
 }
 
 } // namespace hfc

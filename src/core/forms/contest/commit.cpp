@@ -57,13 +57,49 @@ void ContestForm::registerCommit() {
 }
 
 void ContestForm::cmbAdd_Click() {
-    wwodadd();
-    setFocus(txtcall);
+    // After a refused write the operator stays where he was, the QSO still in the boxes.
+    if (wwodadd()) setFocus(txtcall);
 }
 
-void ContestForm::wwodadd() {
-    if (txtcall->text().isEmpty()) return;
+bool ContestForm::wwodadd() {
+    if (txtcall->text().isEmpty()) return true;
 
+    const QString mode = cmbmod->text();
+    QString ps1 = mode;
+    // A repeat is logged with no multiplier and no points; the boxes show so once it is stored.
+    const bool dupe = txtrepit->visible() && txtrepit->text() == QStringLiteral("Повтор");
+    if (dupe) ps1 = QStringLiteral("DUPE");
+    const QString none, zero = QStringLiteral("0");
+    const QString rst = mode == QLatin1String("SSB") ? QStringLiteral("59") : QStringLiteral("599");
+
+    // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
+    // Nothing of the entry line or the rate counters changes before it has succeeded: a refused
+    // write (a full disk, a read-only or damaged file) leaves the QSO as typed, to log again.
+    Db& db = logDb();
+    try {
+        db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
+                              "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, "
+                              "PRF) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, "
+                              "?13, ?14, ?15, ?16, ?17, ?18)"),
+               {dupe ? zero : txtpoint->text(), dupe ? zero : txtpoint2->text(), contestcode,
+                txtcall->text(), txtdate->text(), curband, rst, rst, ps1, txttime->text().left(5),
+                lblrstr->text(), txtrstr->text(), lblrsts->text(), txtrsts->text(),
+                dupe ? none : txtmult->text(), dupe ? none : txtmult2->text(), callstrana,
+                callprf});
+    } catch (const DbError& e) {
+        msgbox(QStringLiteral("QSO с %1 НЕ записано в журнал: %2.\nСтрока ввода оставлена как "
+                              "была; устраните причину и нажмите Enter ещё раз.")
+                   .arg(txtcall->text(), dbErrorReason(e)),
+               QStringLiteral("Ошибка записи"));
+        return false;
+    }
+    const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
+    if (dupe) {
+        txtmult->setText(none);
+        txtmult2->setText(none);
+        txtpoint->setText(zero);
+        txtpoint2->setText(zero);
+    }
     const QDateTime now = env().clock->localNow();
     if (qsorun == 0) firstqso = now;
     if (firstAfterBandChange) {
@@ -73,29 +109,6 @@ void ContestForm::wwodadd() {
     lastqso = now;
     for (int b = 0; b < 7; ++b)
         if (cmbband[b]->text() == curband) bandprev = b;
-
-    const QString mode = cmbmod->text();
-    QString ps1 = mode;
-    if (txtrepit->visible() && txtrepit->text() == QStringLiteral("Повтор")) {
-        ps1 = QStringLiteral("DUPE");
-        txtmult->setText(QString());
-        txtmult2->setText(QString());
-        txtpoint->setText(QStringLiteral("0"));
-        txtpoint2->setText(QStringLiteral("0"));
-    }
-    const QString rst = mode == QLatin1String("SSB") ? QStringLiteral("59") : QStringLiteral("599");
-
-    // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
-    Db& db = logDb();
-    db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
-                          "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, PRF) "
-                          "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, "
-                          "?15, ?16, ?17, ?18)"),
-           {txtpoint->text(), txtpoint2->text(), contestcode, txtcall->text(), txtdate->text(),
-            curband, rst, rst, ps1, txttime->text().left(5), lblrstr->text(), txtrstr->text(),
-            lblrsts->text(), txtrsts->text(), txtmult->text(), txtmult2->text(), callstrana,
-            callprf});
-    const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
     tally().inserted(rowid);
     ++hourcount;
     appendLogGridRow(rowid);
@@ -125,6 +138,7 @@ void ContestForm::wwodadd() {
     timelist.clear();
 
     if (List1->visible()) fillList1();
+    return true;
 }
 
 // The log grid keeps only the rowids of the contest's QSOs and reads a row when it is shown, so

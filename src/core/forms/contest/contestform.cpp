@@ -136,6 +136,7 @@ void ContestForm::createControls() {
     LblPoz = add("LblPoz", K::Label);
     lblwpm = add("lblwpm", K::Label);
     lblports = add("lblports", K::Label);
+    txttu = add("txttu", K::TextBox, "TU");
     for (int i = 0; i < 4; ++i)
         Option1[i] = add(QStringLiteral("Option1(%1)").arg(i), K::Option,
                          QStringLiteral("COM%1").arg(i + 1));
@@ -167,6 +168,7 @@ void ContestForm::createControls() {
     mnudelet = add("mnudelet", K::Menu, "Очистить базу");
     mnuwindos = add("mnuwindos", K::Menu, "Перевод  Win  *.txt в DOS *.txt ");
     mnurusdx = add("mnurusdx", K::Menu, "Районы России");
+    mnurestore = add("mnurestore", K::Menu, "Восстановить из копии…");
     mnuprow = add("mnuprow", K::Menu, "Проверка");
     CMBEXIT = add("CMBEXIT", K::Menu, "Выход");
     Timer1 = add("Timer1", K::Timer);

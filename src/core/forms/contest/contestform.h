@@ -20,6 +20,7 @@
 #include "data/logtally.h"
 #include "data/workedcalls.h"
 #include "forms/form.h"
+#include "keyer/keyerbackend.h"
 #include "station/callhistory.h"
 #include "station/scp.h"
 
@@ -32,7 +33,6 @@
 namespace hfc {
 
 class Db;
-class Keyer;
 
 class ContestForm : public Form {
     Q_OBJECT
@@ -72,7 +72,8 @@ class ContestForm : public Form {
     Control* twid1;
     // keyer panel
     Control *frCW, *lbltest, *txtf4, *txtf7, *txtf8, *txtf9, *HScroll1, *lblNul, *LblPoz, *lblwpm;
-    Control* lblports; // the Linux devices behind the four COM choices
+    Control* lblports; // the Linux devices behind the four COM choices, or the keying device
+    Control* txttu;    // the thanks message Enter sends when Enter sends messages
     std::array<Control*, 8> TXTSCOR{};
     std::array<Control*, 4> Option1{};
     Control* lblcat; // the last frequency command emitted, as byte values
@@ -82,7 +83,7 @@ class ContestForm : public Form {
     // menus
     Control *cmbadd1, *mnudal, *mnupol, *cmbotchet, *cmbvur, *mnudxcc, *mnuserw, *CMBEXIT;
     Control *mnumzone, *mnumdxcc, *mnuawto, *mnuprow, *MNUCW, *mnuCAT, *mnuQTC, *mnudelet;
-    Control *mnuwindos, *mnurusdx;
+    Control *mnuwindos, *mnurusdx, *mnurestore;
     Control* Timer1;
 
     // ---------------------------------------------------------------- form-level state
@@ -208,7 +209,7 @@ class ContestForm : public Form {
     QSet<QString> oblastCodes;             // the district table's kodsrr, read once
     bool rstrselected = false;             // the box's text is selected: typing replaces it
     // commit.cpp
-    void wwodadd();
+    bool wwodadd(); // false: the log refused the row, the entry line is kept
     void cmbAdd_Click();
     void refreshLogGrid();
     void DBGrid3_Edit(int row, const QString& column, const QString& value);
@@ -237,8 +238,13 @@ class ContestForm : public Form {
     void HScroll1_Change();
     void cwsend();
     void cwkey();
-    Keyer* keyer();   // nullptr until the first message
-    int commport = 1; // the panel's COM choice, 1..4
+    KeyerBackend* keyer();                            // nullptr until the first message
+    int commport = 1;                                 // the panel's COM choice, 1..4
+    bool sendKeyMessage(int keyCode);                 // F2..F9 without modifiers; false: not sent
+    QString expandMessage(const QString& text) const; // {MYCALL}, {CALL}, {NR}, {RST}, {EXCH}
+    bool esmOn() const;                               // Enter sends messages (a station setting)
+    void esmCall();                                   // the call, then report and exchange
+    void esmThanks();                                 // the thanks text
     // rig.cpp
     void mnuCAT_Click();
     void emitCatOnBandEnter(int index); // the link's part of Enter on a band button
@@ -256,6 +262,7 @@ class ContestForm : public Form {
     void cmbvur_Click();
     void mnudelet_Click();
     void mnuwindos_Click();
+    void mnurestore_Click(); // a backup of the log back in place
     void perewod();
     void ANSI2OEM();
     bool transferLog();        // false, after a message, when the station log cannot take the rows
@@ -291,6 +298,7 @@ class ContestForm : public Form {
   signals:
     void exitRequested();
     void catEmitted(const QByteArray& block);
+    void messageQueued(const QString& text); // a message handed to the keyer (cwtext)
 
   private:
     void createControls();
@@ -313,11 +321,16 @@ class ContestForm : public Form {
     void registerWindows();
     void registerScp();
 
-    Keyer* keyer_ = nullptr; // created on the first send, owned (keys.cpp)
-    Keyer* ensureKeyer();
+    // keys.cpp: the keyer is made on the first message, and again when the settings name another
+    std::unique_ptr<KeyerBackend> keyer_;
+    QString keyerKind_, keyerSignature_;
+    KeyerBackend* ensureKeyer();
+    std::unique_ptr<KeyerBackend> makeKeyer();
+    QString keyerKindFromSettings() const; // serial, cwdaemon, winkeyer or rigctld
+    QString keyerSignature() const;        // the kind and its address
+    void keyerError(const QString& message);
     void showKeyerSpeed();
     void showPorts();
-    void portBusy();
     QHash<QString, Form*> subForms_;
     std::unique_ptr<LogTally> tally_; // recount.cpp
     WorkedCalls worked_;              // scp.cpp

@@ -41,6 +41,15 @@ void ContestForm::txtcall_KeyPress(Event& e) {
     e.keyAscii = filterKey(e.keyAscii, callchars, txtcall->text().size(), 14);
     if (e.keyAscii == 0) return;
     if (e.keyAscii == keys::Enter) {
+        // Enter sends messages: CQ on an empty box, else the call and the exchange. A pre-filled
+        // exchange box is only a guess until the operator confirms it there, so it does not count
+        // as received yet.
+        if (esmOn()) {
+            if (txtcall->text().isEmpty())
+                sendKeyMessage(keys::F2);
+            else
+                esmCall();
+        }
         if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
             if (!txtcall->text().isEmpty())
                 setFocus(contestcode == QLatin1String("chemp") ? lblrstr : txtrstr);

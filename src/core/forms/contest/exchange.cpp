@@ -107,8 +107,12 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     // Backspace on the selection empties the box: it removes this one blank after the handler.
     if (replace && e.keyAscii == keys::Backspace) txtrstr->setText(QStringLiteral(" "));
     if (e.keyAscii != keys::Enter) return;
-    if (txtrstr->text().isEmpty()) return; // nothing to log yet
-    if (!checkExchange()) return;          // corrected or confirmed by the next Enter
+    if (txtrstr->text().isEmpty()) {
+        // Nothing to log yet; with Enter sending messages, the call and exchange go again.
+        if (esmOn() && !txtcall->text().isEmpty()) esmCall();
+        return;
+    }
+    if (!checkExchange()) return; // corrected or confirmed by the next Enter
     if (contestcode == QLatin1String("raem")) raemscore();
     if (countsExchange()) {
         pscand = txtrstr->text();
@@ -119,6 +123,8 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     scoringEntered = false;
     if (contestcode == QLatin1String("raem")) raemscore();
     if (txtrepit->visible()) txtpoint->setText(QStringLiteral("0"));
+    // Before the commit, which clears the call and exchange the text may name.
+    if (esmOn()) esmThanks();
     cmbAdd_Click();
 }
 

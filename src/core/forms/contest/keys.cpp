@@ -1,9 +1,14 @@
 // Function-key messages, the keyer panel and the glue between the window and the keyer thread.
 #include "forms/contest/contestform.h"
 
+#include "keyer/cwdaemonkeyer.h"
 #include "keyer/keyer.h"
+#include "keyer/messagetext.h"
 #include "keyer/morse.h"
+#include "keyer/rigctldkeyer.h"
 #include "keyer/serialkeyport.h"
+#include "keyer/winkeyer.h"
+#include "station/settings.h"
 
 #include <QMetaObject>
 #include <optional>
@@ -50,7 +55,9 @@ void ContestForm::registerKeys() {
 void ContestForm::Form_KeyDown(Event& e) {
     // Esc stops a message at once. It only stops the keyer, so the controls still see the key.
     if (e.keyCode == keys::Esc) {
-        if (keyer_ && keyer_->busy()) keyer_->abort();
+        // A keying device may still be sending when the window thinks it is done: it is always
+        // told to stop. The DTR keyer knows, and only stops what it is sending.
+        if (keyer_ && (keyer_->busy() || keyerKind_ != QLatin1String("serial"))) keyer_->abort();
         return;
     }
     const bool messageKey = e.keyCode >= keys::F2 && e.keyCode <= keys::F9;
@@ -69,53 +76,85 @@ void ContestForm::Form_KeyDown(Event& e) {
         }
         return;
     }
-    if (messageKey) {
-        const int k = e.keyCode - keys::F2;
-        const std::optional<double> factor = parseFactor(TXTSCOR[k]->text());
-        if (!factor) {
-            msgbox(QStringLiteral("Множитель скорости F%1 не число: %2")
-                       .arg(k + 2)
-                       .arg(TXTSCOR[k]->text()),
-                   QStringLiteral("Ошибка !!!"));
-            return;
-        }
-        cwfactor = *factor;
-        cwunit = cwunit * cwfactor;
-        switch (e.keyCode) {
-        case 113:
-            cwtext = lbltest->text();
-            break;
-        case 114:
-            cwtext = TXTNCALL->text();
-            break;
-        case 115:
-            cwtext = txtf4->text();
-            break;
-        case 116:
-            cutnumber = cutZeros(txtrsts->text(), nulchar);
-            if (lblrsts->text() == QStringLiteral("599")) {
-                cwtext = QStringLiteral("5NN") + cutnumber;
-            } else {
-                cutrst = cutZeros(lblrsts->text(), nulchar);
-                cwtext = cutrst + QLatin1Char(' ') + cutnumber;
-            }
-            break;
-        case 117:
-            cwtext = txtcall->text();
-            break;
-        case 118:
-            cwtext = txtf7->text();
-            break;
-        case 119:
-            cwtext = txtf8->text();
-            break;
-        case 120:
-            cwtext = txtf9->text();
-            break;
-        }
-        cwsend();
-    }
+    if (messageKey) sendKeyMessage(e.keyCode);
     if (contestcode == QStringLiteral("wae") && e.keyCode == keys::F1) openQtc();
+}
+
+bool ContestForm::sendKeyMessage(int keyCode) {
+    const int k = keyCode - keys::F2;
+    const std::optional<double> factor = parseFactor(TXTSCOR[k]->text());
+    if (!factor) {
+        msgbox(QStringLiteral("Множитель скорости F%1 не число: %2")
+                   .arg(k + 2)
+                   .arg(TXTSCOR[k]->text()),
+               QStringLiteral("Ошибка !!!"));
+        return false;
+    }
+    cwfactor = *factor;
+    cwunit = cwunit * cwfactor;
+    switch (keyCode) {
+    case 113:
+        cwtext = lbltest->text();
+        break;
+    case 114:
+        // The station's full call: the box keeps only its cut once the call has been entered.
+        cwtext = owncall.isEmpty() ? TXTNCALL->text() : owncall;
+        break;
+    case 115:
+        cwtext = expandMessage(txtf4->text());
+        break;
+    case 116:
+        cutnumber = cutZeros(txtrsts->text(), nulchar);
+        if (lblrsts->text() == QStringLiteral("599")) {
+            cwtext = QStringLiteral("5NN") + cutnumber;
+        } else {
+            cutrst = cutZeros(lblrsts->text(), nulchar);
+            cwtext = cutrst + QLatin1Char(' ') + cutnumber;
+        }
+        break;
+    case 117:
+        cwtext = txtcall->text();
+        break;
+    case 118:
+        cwtext = expandMessage(txtf7->text());
+        break;
+    case 119:
+        cwtext = expandMessage(txtf8->text());
+        break;
+    case 120:
+        cwtext = expandMessage(txtf9->text());
+        break;
+    }
+    cwsend();
+    return true;
+}
+
+QString ContestForm::expandMessage(const QString& text) const {
+    MessageFields f;
+    f.mycall = owncall.isEmpty() ? TXTNCALL->text() : owncall;
+    f.call = txtcall->text();
+    f.nr = cutZeros(txtrsts->text(), nulchar);
+    // The report as F5 sends it.
+    f.rst = lblrsts->text() == QStringLiteral("599") ? QStringLiteral("5NN")
+                                                     : cutZeros(lblrsts->text(), nulchar);
+    f.exch = txtrstr->text();
+    return expandMessageText(text, f);
+}
+
+bool ContestForm::esmOn() const {
+    return env().settings && env().settings->esm;
+}
+
+void ContestForm::esmCall() {
+    // The call and the report with the exchange, each at its key's factor, as F6 then F5.
+    if (sendKeyMessage(keys::F2 + 4)) sendKeyMessage(keys::F2 + 3);
+}
+
+void ContestForm::esmThanks() {
+    // The thanks text has no key of its own, so it goes at the bar's speed.
+    cwfactor = 1;
+    cwtext = expandMessage(txttu->text());
+    cwsend();
 }
 
 void ContestForm::lblNul_Click() {
@@ -145,7 +184,7 @@ void ContestForm::Option1_Click(int index) {
     if (index < 0 || index > 3) return;
     commport = index + 1;
     // The port itself is opened per message, so a busy port shows up at the next send.
-    if (keyer_) keyer_->setCommPort(commport);
+    if (auto* serial = dynamic_cast<Keyer*>(keyer_.get())) serial->setCommPort(commport);
 }
 
 void ContestForm::HScroll1_Change() {
@@ -160,6 +199,12 @@ void ContestForm::showKeyerSpeed() {
 }
 
 void ContestForm::showPorts() {
+    const QString kind = keyerKindFromSettings();
+    if (kind != QLatin1String("serial")) {
+        // A network or radio keyer has no COM port: the panel names what keys instead.
+        lblports->setText(QStringLiteral("Ключ: %1").arg(keyerSignature().mid(kind.size() + 1)));
+        return;
+    }
     // Only a real serial port has devices to show; the recording port of the script has none.
     const auto* serial = dynamic_cast<const SerialKeyPort*>(env().port);
     if (!serial) return;
@@ -174,42 +219,97 @@ void ContestForm::showPorts() {
 
 void ContestForm::cwsend() {
     cwcode = buildCwCode(cwtext, cwchar);
+    emit messageQueued(cwtext);
     cwkey();
 }
 
 void ContestForm::cwkey() {
-    // The message goes out on the keyer's thread; the window only queues it. The per-key factor
-    // is undone here at once, so the next key starts from the bar's unit even while this message
-    // is still being sent.
+    // The message goes out on the keyer's thread or device; the window only queues it. The
+    // per-key factor is undone here at once, so the next key starts from the bar's unit even
+    // while this message is still being sent.
     const qint64 unit = qRound64(cwunit);
     HScroll1_Change();
-    if (Keyer* k = ensureKeyer()) k->send(cwcode, unit, qRound64(cwunit));
+    if (KeyerBackend* k = ensureKeyer()) k->send(cwcode, unit, qRound64(cwunit));
 }
 
-Keyer* ContestForm::keyer() {
-    return keyer_;
+KeyerBackend* ContestForm::keyer() {
+    return keyer_.get();
 }
 
-Keyer* ContestForm::ensureKeyer() {
-    if (keyer_ || !env().port) return keyer_;
-    // The port belongs to whoever filled the Env and outlives this window.
-    keyer_ = new Keyer(std::shared_ptr<KeyPort>(env().port, [](KeyPort*) {}));
-    keyer_->setCommPort(commport);
-    // Runs on the keyer's thread: the message box belongs to the window's thread.
-    keyer_->setPortErrorHandler([this] {
+QString ContestForm::keyerKindFromSettings() const {
+    const StationSettings* st = env().settings;
+    const QString kind = st ? st->keyerBackend.trimmed().toLower() : QString();
+    return kind.isEmpty() ? QStringLiteral("serial") : kind;
+}
+
+QString ContestForm::keyerSignature() const {
+    const QString kind = keyerKindFromSettings();
+    const StationSettings* st = env().settings;
+    if (!st) return kind;
+    if (kind == QLatin1String("cwdaemon")) return kind + QLatin1Char(' ') + st->cwdaemon;
+    if (kind == QLatin1String("winkeyer")) return kind + QLatin1Char(' ') + st->winkeyer;
+    if (kind == QLatin1String("rigctld")) return kind + QLatin1Char(' ') + st->rigctld;
+    return kind;
+}
+
+std::unique_ptr<KeyerBackend> ContestForm::makeKeyer() {
+    const QString kind = keyerKindFromSettings();
+    const StationSettings* st = env().settings;
+    QString host;
+    quint16 port = 0;
+    if (kind == QLatin1String("serial")) {
+        if (!env().port) return nullptr;
+        // The port belongs to whoever filled the Env and outlives this window.
+        auto k = std::make_unique<Keyer>(std::shared_ptr<KeyPort>(env().port, [](KeyPort*) {}));
+        k->setCommPort(commport);
+        return k;
+    }
+    if (kind == QLatin1String("cwdaemon")) {
+        if (!splitHostPort(st->cwdaemon, host, port)) {
+            keyerError(QStringLiteral("Неверный адрес cwdaemon: %1").arg(st->cwdaemon));
+            return nullptr;
+        }
+        return std::make_unique<CwDaemonKeyer>(host, port);
+    }
+    if (kind == QLatin1String("winkeyer")) return std::make_unique<WinKeyer>(st->winkeyer);
+    if (kind == QLatin1String("rigctld")) {
+        // Empty: the keyer says so itself when asked to send.
+        if (!st->rigctld.isEmpty() && !splitHostPort(st->rigctld, host, port)) {
+            keyerError(QStringLiteral("Неверный адрес rigctld: %1").arg(st->rigctld));
+            return nullptr;
+        }
+        return std::make_unique<RigctldKeyer>(host, port);
+    }
+    // A misspelt choice keys nothing rather than a serial port the station may not have wired.
+    keyerError(QStringLiteral("Неизвестный ключ в настройках: %1").arg(kind));
+    return nullptr;
+}
+
+KeyerBackend* ContestForm::ensureKeyer() {
+    // The settings window may have chosen another keyer since the last message.
+    const QString signature = keyerSignature();
+    if (keyer_ && signature == keyerSignature_) return keyer_.get();
+    keyer_.reset(); // stops what the old keyer was sending and joins its thread
+    keyerSignature_ = signature;
+    keyerKind_ = keyerKindFromSettings();
+    showPorts();
+    keyer_ = makeKeyer();
+    if (!keyer_) return nullptr;
+    // May run on the keyer's thread: the message box belongs to the window's thread.
+    keyer_->setErrorHandler([this](const QString& message) {
         QMetaObject::invokeMethod(
-            this, [this] { portBusy(); }, Qt::QueuedConnection);
+            this, [this, message] { keyerError(message); }, Qt::QueuedConnection);
     });
-    return keyer_;
+    return keyer_.get();
 }
 
-void ContestForm::portBusy() {
-    msgbox(QStringLiteral("Порт занят"), QStringLiteral("Ошибка !!!"), Ui::Buttons::Ok);
+void ContestForm::keyerError(const QString& message) {
+    msgbox(message, QStringLiteral("Ошибка !!!"), Ui::Buttons::Ok);
 }
 
 ContestForm::~ContestForm() {
     // Stops a message being sent and joins the keyer's thread before the controls go.
-    delete keyer_;
+    keyer_.reset();
 }
 
 } // namespace hfc

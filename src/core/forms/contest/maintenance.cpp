@@ -2,6 +2,7 @@
 // (always after a dated backup), and the Windows-to-DOS code-page conversion of a text file.
 #include "data/backup.h"
 #include "data/databases.h"
+#include "data/restore.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "text/codepage.h"
@@ -14,6 +15,7 @@ void ContestForm::registerMaintenance() {
     proc("cmbvur_Click", [this] { cmbvur_Click(); });
     proc("mnudelet_Click", [this] { mnudelet_Click(); });
     proc("mnuwindos_Click", [this] { mnuwindos_Click(); });
+    proc("mnurestore_Click", [this] { mnurestore_Click(); });
     proc("perewod", [this] { perewod(); });
     proc("ANSI2OEM", [this] { ANSI2OEM(); });
 }
@@ -101,6 +103,29 @@ bool ContestForm::backupLog() {
     return false;
 }
 
+void ContestForm::mnurestore_Click() {
+    const QString backup = env().ui->openFile(QStringLiteral("Копии журнала (*.sqlite)|*.sqlite|"));
+    if (backup.isEmpty()) return;
+    if (msgbox(QStringLiteral("Восстановить журнал из копии «%1» ?\nТекущий журнал будет "
+                              "сохранён в папку копий.")
+                   .arg(backup),
+               QStringLiteral("Восстановление журнала"), Ui::Buttons::YesNo) != Ui::Answer::Yes)
+        return;
+    Databases& dbs = *env().db;
+    QString savedAs, error;
+    const bool restored = dbs.restoreLog(backup, env().clock->localNow(), savedAs, error);
+    // The log's connection was reopened: the totals and the grid are read from it anew.
+    tally_.reset();
+    refreshLogGrid();
+    recount();
+    nextserial();
+    if (!restored) {
+        msgbox(error, QStringLiteral("Ошибка"));
+        return;
+    }
+    msgbox(restoredMessage(backup, savedAs), QStringLiteral("Восстановление журнала"));
+}
+
 void ContestForm::mnuwindos_Click() {
     perewod();
 }
@@ -112,8 +137,10 @@ void ContestForm::perewod() {
 }
 
 void ContestForm::ANSI2OEM() {
-    // Failures end the command silently; a copy named with "1" is left to recover from.
-    ansiToOemFile(perewodfile);
+    // A file that could not be converted is left as it was; the operator is told why.
+    QString error;
+    if (!ansiToOemFile(perewodfile, &error) && !error.isEmpty())
+        msgbox(error, QStringLiteral("Ошибка"));
 }
 
 } // namespace hfc

@@ -62,14 +62,15 @@ void OtchetForm::writeReport(const QString& fileName, const std::function<QByteA
     txtput->setText(withTrailingSlash(txtput->text()));
     const QString path = txtput->text() + fitFileName(fileName);
     bool ok = false;
+    QString error;
     try {
-        ok = writeReportFile(path, build());
-    } catch (const DbError&) {
+        ok = writeReportFile(path, build(), &error);
+    } catch (const DbError& e) {
+        error = QStringLiteral("Не удалось записать файл: %1 (%2)").arg(path, dbErrorReason(e));
     }
     lastWriteOk = ok;
     lastWritePath = path;
-    lblstatus->setText(ok ? QStringLiteral("Файл записан: ") + path
-                          : QStringLiteral("Не удалось записать файл: ") + path);
+    lblstatus->setText(ok ? QStringLiteral("Файл записан: ") + path : error);
 }
 
 // Cabrillo and ADIF share the file named after the callsign: each replaces the other's file.

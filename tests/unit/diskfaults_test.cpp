@@ -1,0 +1,400 @@
+// Faults of the disk and the folder: a full disk under reports, the log and the start; a
+// database path that is a link; damage inside an index or a file cut short; a damaged log with
+// a crash's -wal; a backup cut short by a kill; two programs on one folder. Full disks are small
+// tmpfs mounts, which only root may make.
+#include "data/backup.h"
+#include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/contest/contestform.h"
+#include "forms/otchet/otchetform.h"
+#include "reports/exportcommand.h"
+#include "script/scriptedui.h"
+#include "testfiles.h"
+#include "text/codepage.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace hfc;
+using hfc::test::readFile;
+using hfc::test::writeFile;
+
+namespace {
+
+// A small tmpfs at a temporary folder, unmounted at the end.
+struct SmallDisk {
+    QTemporaryDir dir;
+    bool mounted = false;
+    explicit SmallDisk(const char* size) {
+        const QByteArray options = QByteArray("size=") + size;
+        mounted = geteuid() == 0 && ::mount("tmpfs", QFile::encodeName(dir.path()).constData(),
+                                            "tmpfs", 0, options.constData()) == 0;
+    }
+    ~SmallDisk() {
+        if (mounted) ::umount2(QFile::encodeName(dir.path()).constData(), MNT_DETACH);
+    }
+    QString path() const { return dir.path(); }
+    // Takes every free byte with one file.
+    void fill() const {
+        QFile f(dir.path() + "/filler");
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        const int fd = f.handle();
+        for (size_t chunk = 1 << 16; chunk > 0; chunk /= 2) {
+            const QByteArray bytes(qsizetype(chunk), 'x');
+            while (::write(fd, bytes.constData(), chunk) == ssize_t(chunk)) {
+            }
+        }
+    }
+};
+
+#define SMALL_DISK_OR_SKIP(disk)                                                                   \
+    if (!(disk).mounted) GTEST_SKIP() << "mounting a small tmpfs needs root"
+
+QString openError(const QString& folder) {
+    Databases db;
+    QString error;
+    return db.open(folder, error) ? QString() : error;
+}
+
+// Every file of a folder with its bytes (the -wal and -shm a crash leaves included).
+QMap<QString, QByteArray> folderBytes(const QString& folder) {
+    QMap<QString, QByteArray> out;
+    for (const QString& f : QDir(folder).entryList(QDir::Files | QDir::Hidden))
+        out.insert(f, readFile(folder + '/' + f));
+    return out;
+}
+
+// A log of n QSOs (band 14, cqww, calls UA3A0 …) in folder, closed cleanly.
+void makeLog(const QString& folder, int n) {
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(folder, error)) << error.toStdString();
+    db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
+    db.contest.begin();
+    for (int i = 0; i < n; ++i)
+        db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, ddate, ttime) VALUES (?1, '14', "
+                       "'cqww', '30.11.02', '12:00')",
+                       {QString("UA3A%1").arg(i)});
+    db.contest.commit();
+}
+
+// What a crash in the middle of logging leaves: rows in the -wal, not folded into the file.
+void crashWhileLogging(const QString& folder, const char* table, int rows) {
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Databases db;
+        QString error;
+        if (!db.open(folder, error)) _exit(3);
+        db.contest.exec("PRAGMA wal_autocheckpoint=0");
+        for (int i = 0; i < rows; ++i)
+            db.contest.run(QString("INSERT INTO %1 (ccall, ps2) VALUES (?1, 'cqww')").arg(table),
+                           {QString("DL%1").arg(i)});
+        _exit(0); // no close: the -wal and -shm stay
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    ASSERT_GT(QFileInfo(folder + "/dbcontest.sqlite-wal").size(), 0);
+}
+
+void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(f.seek(at));
+    f.write(bytes);
+}
+
+struct Window {
+    ScriptedUi ui;
+    FixedClock clock;
+    std::unique_ptr<ContestForm> form;
+    explicit Window(Databases& db) {
+        form = std::make_unique<ContestForm>(Env{&db, &ui, &clock, nullptr});
+        form->Form_Load();
+    }
+};
+
+} // namespace
+
+TEST(DiskFaults, ASmallReportOnAFullDiskIsNotWrittenAndTheEarlierOneStays) {
+    SmallDisk out("1m");
+    SMALL_DISK_OR_SKIP(out);
+    QTemporaryDir data;
+    makeLog(data.path(), 3);
+    writeFile(out.path() + "/UA3ABC.SUM", "earlier summary\n");
+    writeFile(out.path() + "/UA3ABC", "earlier cabrillo\n");
+    out.fill();
+
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data.path(), error)) << error.toStdString();
+        Window w(db);
+        w.form->cmbotchet_Click();
+        auto* otchet = static_cast<OtchetForm*>(w.form->subForm("otchet"));
+        otchet->txtput->setText(out.path());
+        otchet->cmbtit_Click();
+        EXPECT_FALSE(otchet->lastWriteOk);
+        EXPECT_EQ(otchet->lblstatus->text(),
+                  QString("Не удалось записать файл: %1/UA3ABC.SUM (на диске нет места)")
+                      .arg(out.path()));
+        otchet->Ccabrila_Click();
+        EXPECT_FALSE(otchet->lastWriteOk);
+        EXPECT_EQ(readFile(out.path() + "/UA3ABC.SUM"), "earlier summary\n");
+        EXPECT_EQ(readFile(out.path() + "/UA3ABC"), "earlier cabrillo\n");
+    }
+    // the command line: exit 1, the cause on standard error, the earlier file as it was
+    QString o, e;
+    QTextStream so(&o), se(&e);
+    EXPECT_EQ(runExportCommand({"--data-dir", data.path(), "--to", out.path(), "sum"}, so, se), 1);
+    se.flush();
+    EXPECT_TRUE(e.contains("UA3ABC.SUM (на диске нет места)")) << e.toStdString();
+    EXPECT_EQ(readFile(out.path() + "/UA3ABC.SUM"), "earlier summary\n");
+    QStringList left = QDir(out.path()).entryList(QDir::Files);
+    left.sort();
+    EXPECT_EQ(left, QStringList({"UA3ABC", "UA3ABC.SUM", "filler"}));
+}
+
+TEST(DiskFaults, AStartOnAFullDiskSaysSoAndChangesNothing) {
+    SmallDisk disk("8m");
+    SMALL_DISK_OR_SKIP(disk);
+    const QString data = disk.path() + "/data";
+    makeLog(data, 200);
+    crashWhileLogging(data, "tbllog", 20);
+    disk.fill();
+    const auto before = folderBytes(data);
+    const QString error = openError(data);
+    EXPECT_TRUE(error.contains("нет места") && error.contains(data)) << error.toStdString();
+    EXPECT_FALSE(error.contains("повреждён")) << error.toStdString();
+    EXPECT_EQ(folderBytes(data), before);
+}
+
+TEST(DiskFaults, AQsoRefusedByAFullDiskStaysInTheEntryLine) {
+    SmallDisk disk("8m");
+    SMALL_DISK_OR_SKIP(disk);
+    const QString data = disk.path() + "/data";
+    makeLog(data, 0);
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    Window w(db);
+    w.form->cmbband_Click(3);
+    disk.fill();
+    int logged = 0;
+    w.ui.takeShown();
+    // the WAL takes a few more pages before the disk says no
+    for (int i = 0; i < 2000; ++i) {
+        w.ui.queueAnswer(Ui::Answer::Ok);
+        w.form->txtcall->setText(QString("DL%1ABC").arg(i));
+        w.form->txtrstr->setText("14");
+        w.form->cmbAdd_Click();
+        if (!w.ui.takeShown().isEmpty()) break;
+        ++logged;
+    }
+    EXPECT_EQ(w.form->qsorun, logged);
+    EXPECT_FALSE(w.form->txtcall->text().isEmpty()) << "the disk never filled";
+    EXPECT_EQ(w.form->txtrstr->text(), "14");
+    QFile::remove(disk.path() + "/filler");
+    w.form->cmbAdd_Click();
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), logged + 1);
+}
+
+TEST(DiskFaults, ADatabasePathThatIsALinkIsFollowedOrTheStartStops) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data", stick = dir.path() + "/stick";
+    makeLog(data, 5);
+    QDir().mkpath(stick);
+    // the log and the station log kept elsewhere, behind links
+    for (const char* f : {"dbcontest.sqlite", "dbiaru.sqlite"}) {
+        ASSERT_TRUE(QFile::rename(data + '/' + f, stick + '/' + f));
+        ASSERT_TRUE(QFile::link(stick + '/' + f, data + '/' + f));
+    }
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 5);
+        db.contest.run("INSERT INTO tbllog (ccall) VALUES ('DL1ABC')");
+    }
+    EXPECT_TRUE(QFileInfo(data + "/dbcontest.sqlite").isSymLink());
+    EXPECT_FALSE(QFileInfo::exists(data + "/dbcontest.sqlite-wal"));
+
+    // the stick pulled out: every database file refuses the start, naming the link and target
+    QDir(stick).removeRecursively();
+    for (const char* f : {"dbcontest.sqlite", "dbiaru.sqlite"}) {
+        SCOPED_TRACE(f);
+        QTemporaryDir other;
+        ASSERT_TRUE(QFile::link(stick + '/' + f, other.path() + '/' + f));
+        const QString error = openError(other.path());
+        EXPECT_TRUE(error.contains(other.path() + '/' + f) && error.contains(stick + '/' + f) &&
+                    error.contains("такого файла нет"))
+            << error.toStdString();
+        EXPECT_EQ(QFileInfo(other.path() + '/' + f).symLinkTarget(), stick + '/' + f);
+        EXPECT_FALSE(QFileInfo::exists(stick));
+        EXPECT_EQ(QDir(other.path()).entryList(QDir::Files | QDir::System | QDir::Hidden),
+                  QStringList{f});
+    }
+    // a link loop
+    QTemporaryDir loop;
+    ASSERT_TRUE(QFile::link(loop.path() + "/b", loop.path() + "/dbcontest.sqlite"));
+    ASSERT_TRUE(QFile::link(loop.path() + "/dbcontest.sqlite", loop.path() + "/b"));
+    const QString error = openError(loop.path());
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("по кругу"))
+        << error.toStdString();
+    EXPECT_TRUE(QFileInfo(loop.path() + "/dbcontest.sqlite").isSymLink());
+}
+
+TEST(DiskFaults, DamageInsideAnIndexOrAFileCutShortIsFoundAtStart) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data", log = data + "/dbcontest.sqlite";
+    makeLog(data, 2000);
+    // The (contest, band, call) index holds "cqww" "14" "UA3A999" side by side; the last call
+    // of the index changed keeps the order, so only a comparison with the table sees it.
+    QByteArray bytes = readFile(log);
+    const qsizetype at = bytes.indexOf("cqww14UA3A999");
+    ASSERT_GT(at, 0);
+    const QByteArray good = bytes;
+    bytes[at + 12] = 'Z';
+    writeFile(log, bytes);
+    const auto before = folderBytes(data);
+    QString error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("повреждён"))
+        << error.toStdString();
+    EXPECT_EQ(folderBytes(data), before);
+
+    writeFile(log, good.left(good.size() - 1)); // one byte short
+    const auto cut = folderBytes(data);
+    error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("обрезан"))
+        << error.toStdString();
+    EXPECT_EQ(folderBytes(data), cut);
+
+    writeFile(log, good);
+    EXPECT_EQ(openError(data), "");
+}
+
+TEST(DiskFaults, ADamagedLogWithACrashsWalIsLeftExactlyAsItWas) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data", log = data + "/dbcontest.sqlite";
+    makeLog(data, 2000);
+    crashWhileLogging(data, "tbllogTemp", 50);
+    overwrite(log, 8 * 4096, QByteArray(4096, '\x5a'));
+    const auto before = folderBytes(data);
+    ASSERT_TRUE(before.contains("dbcontest.sqlite-wal") && before.contains("dbcontest.sqlite-shm"));
+    const QString error = openError(data);
+    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("повреждён"))
+        << error.toStdString();
+    EXPECT_EQ(folderBytes(data), before);
+}
+
+TEST(DiskFaults, ACrashsWalIsTakenInWhenTheLogIsWhole) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data";
+    makeLog(data, 100);
+    crashWhileLogging(data, "tbllog", 30);
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 130);
+}
+
+TEST(DiskFaults, ABackupKilledHalfwayNeverStandsUnderABackupsName) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data", folder = data + "/backup";
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        db.contest.begin();
+        for (int i = 0; i < 20000; ++i)
+            db.contest.run("INSERT INTO tbllog (ccall, QTH) VALUES (?1, ?2)",
+                           {QString("UA3A%1").arg(i), QString(400, 'q')});
+        db.contest.commit();
+    }
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Databases db;
+        QString error;
+        if (!db.open(data, error)) _exit(3);
+        for (;;)
+            backupDatabase(db.contest, folder, "dbcontest", QDateTime(QDate(2024, 1, 1), {}),
+                           error);
+    }
+    // killed the moment anything under a backup's name shows
+    QStringList named;
+    for (int i = 0; i < 2000000 && named.isEmpty(); ++i)
+        named = QDir(folder).entryList({"dbcontest-*.sqlite*"}, QDir::Files);
+    kill(pid, SIGKILL);
+    waitpid(pid, nullptr, 0);
+    ASSERT_FALSE(named.isEmpty());
+    const QStringList left = QDir(folder).entryList({"*.sqlite*"}, QDir::Files);
+    EXPECT_TRUE(left.filter(QRegularExpression("\\.sqlite-(journal|wal)$")).isEmpty())
+        << left.join(' ').toStdString();
+    for (const QString& f : QDir(folder).entryList({"*.sqlite"}, QDir::Files)) {
+        Db copy;
+        copy.open(folder + '/' + f, false);
+        EXPECT_EQ(copy.scalar("PRAGMA integrity_check"), "ok") << f.toStdString();
+        EXPECT_EQ(copy.count("SELECT rowid FROM tbllog"), 20000) << f.toStdString();
+    }
+}
+
+TEST(DiskFaults, OneProgramPerDataFolderAndACrashFreesIt) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data";
+    makeLog(data, 1);
+    int fds[2];
+    ASSERT_EQ(pipe(fds), 0);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Databases db;
+        QString error;
+        const char ok = db.open(data, error) ? '1' : '0';
+        if (write(fds[1], &ok, 1) != 1) _exit(4);
+        pause();
+        _exit(0);
+    }
+    char ok = 0;
+    ASSERT_EQ(read(fds[0], &ok, 1), 1);
+    ASSERT_EQ(ok, '1');
+    const auto before = folderBytes(data);
+    const QString error = openError(data);
+    EXPECT_TRUE(error.contains(data) && error.contains("используется другой"))
+        << error.toStdString();
+    EXPECT_EQ(folderBytes(data), before);
+    {
+        // the same in one process: a second window on the folder is refused too
+        Databases first;
+        QString e;
+        ASSERT_TRUE(first.open(dir.path() + "/other", e));
+        EXPECT_TRUE(openError(dir.path() + "/other").contains("используется другой"));
+    }
+    kill(pid, SIGKILL); // a crash: the lock goes with the process
+    waitpid(pid, nullptr, 0);
+    EXPECT_EQ(openError(data), "");
+    close(fds[0]);
+    close(fds[1]);
+}
+
+TEST(DiskFaults, ACodePageConversionThatDoesNotFitLeavesTheFileAsItWas) {
+    SmallDisk disk("1m");
+    SMALL_DISK_OR_SKIP(disk);
+    const QString path = disk.path() + "/report.txt";
+    // LF line ends: the converted text, with CR LF, is longer than what the disk has left
+    const QByteArray text = QByteArray(300, '\xE0').append('\n').repeated(600);
+    writeFile(path, text);
+    disk.fill();
+    QString error;
+    EXPECT_FALSE(ansiToOemFile(path, &error));
+    EXPECT_EQ(error, "Не удалось записать файл: " + path + " (на диске нет места)");
+    EXPECT_EQ(readFile(path), text);
+    EXPECT_FALSE(QFileInfo::exists(disk.path() + "/report1.txt"));
+}

@@ -1,0 +1,365 @@
+// The keying devices against the real programs of a station: cwdaemon (null device, no sound),
+// Hamlib's rigctld with its dummy radio, and the Winkeyer host protocol through a socat pty pair
+// (a check of the bytes on the line, not a claim about a device).
+#include "formfixture.h"
+#include "keyer/cwdaemonkeyer.h"
+#include "keyer/deviceio.h"
+#include "keyer/keyport.h"
+#include "keyer/morse.h"
+#include "keyer/morsetext.h"
+#include "keyer/rigctldkeyer.h"
+#include "keyer/winkeyer.h"
+#include "station/settings.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace hfc;
+using SteadyClock = std::chrono::steady_clock;
+
+namespace {
+
+constexpr qint64 kUnit25Wpm = 160000; // 48 ms: 1.2 s / 25
+
+// A port nobody listens on right now.
+quint16 freePort(int type) {
+    Fd fd(::socket(AF_INET, type, 0));
+    sockaddr_in a{};
+    a.sin_family = AF_INET;
+    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ::bind(fd.get(), reinterpret_cast<sockaddr*>(&a), sizeof a);
+    socklen_t len = sizeof a;
+    ::getsockname(fd.get(), reinterpret_cast<sockaddr*>(&a), &len);
+    return ntohs(a.sin_port);
+}
+
+// A program of the station's, stopped when the test ends.
+struct Daemon {
+    QProcess process;
+    ~Daemon() {
+        process.kill();
+        process.waitForFinished(3000);
+    }
+};
+
+// Whether a local UDP port is bound. A request as a probe would not do: even a reset changes how
+// the daemon times its next message.
+bool udpBound(quint16 port) {
+    const QString needle = QString(":%1 ").arg(port, 4, 16, QChar('0')).toUpper();
+    for (const char* table : {"/proc/net/udp", "/proc/net/udp6"}) {
+        QFile f(table);
+        if (f.open(QIODevice::ReadOnly) && QString::fromLatin1(f.readAll()).contains(needle))
+            return true;
+    }
+    return false;
+}
+
+bool startCwdaemon(Daemon& d, quint16 port) {
+    d.process.start("cwdaemon",
+                    {"-n", "-d", "null", "-x", "n", "-y", "n", "-p", QString::number(port)});
+    if (!d.process.waitForStarted(3000)) return false;
+    for (int i = 0; i < 100; ++i) {
+        if (udpBound(port)) return true;
+        QThread::msleep(30);
+    }
+    return false;
+}
+
+bool startRigctld(Daemon& d, quint16 port) {
+    d.process.start("rigctld", {"-m", "1", "-t", QString::number(port)});
+    if (!d.process.waitForStarted(3000)) return false;
+    for (int i = 0; i < 60; ++i) {
+        if (connectTcp("127.0.0.1", port, 200).valid()) return true;
+        QThread::msleep(50);
+    }
+    return false;
+}
+
+// Reads n bytes from fd within timeoutMs (fewer when they do not come).
+QByteArray readBytes(int fd, int n, int timeoutMs) {
+    QByteArray out;
+    const auto end = SteadyClock::now() + std::chrono::milliseconds(timeoutMs);
+    while (out.size() < n && SteadyClock::now() < end) {
+        if (!waitReadable(fd, 20)) continue;
+        char buf[64];
+        const ssize_t got = ::read(fd, buf, std::min<size_t>(sizeof buf, size_t(n - out.size())));
+        if (got > 0) out.append(buf, got);
+    }
+    return out;
+}
+
+QString cw(const QString& text) {
+    QString cwchar;
+    return buildCwCode(text, cwchar);
+}
+
+TEST(DeviceText, TheElementsComeBackAsTheDevicesCharacters) {
+    EXPECT_EQ(textForCwCode(cw("cq test ua3abc"), kCwdaemonAlphabet), "CQ TEST UA3ABC");
+    // Cyrillic letters key as their Latin equivalents; cut zeros are letters already.
+    EXPECT_EQ(textForCwCode(cw("ТЕСТ 5NNtt1"), kWinkeyerAlphabet), "TEST 5NNTT1");
+    // Russian punctuation keys its own elements: "," is the international full stop, "!" the
+    // comma; the Russian "." (six dots) and Ч have nothing a device could send.
+    EXPECT_EQ(textForCwCode(cw("A,B!C.D"), kCwdaemonAlphabet), "A.B,CD");
+    EXPECT_EQ(textForCwCode(cw("ЧA"), kCwdaemonAlphabet), "A");
+    // A character without an entry repeats the one before it, on every backend.
+    EXPECT_EQ(textForCwCode(cw("AЪ B"), kRigAlphabet), "AA B");
+    // "-" is a speed command to cwdaemon; the Winkeyer keys it.
+    EXPECT_EQ(textForCwCode(cw("A-B"), kCwdaemonAlphabet), "AB");
+    EXPECT_EQ(textForCwCode(cw("A-B"), kWinkeyerAlphabet), "A-B");
+    EXPECT_EQ(textForCwCode(cw(""), kCwdaemonAlphabet), "");
+}
+
+TEST(DeviceText, UnitsAndSpeed) {
+    // PARIS and its word gap: 50 units, less the last "0", which the PTT tail stands in for.
+    EXPECT_EQ(unitsOfCwCode(cw("PARIS ")), 48);
+    EXPECT_EQ(deviceWpm(kUnit25Wpm, 4, 60), 25);
+    EXPECT_EQ(deviceWpm(3000, 4, 60), 60);   // the bar's fast end
+    EXPECT_EQ(deviceWpm(300000, 5, 99), 13); // its slow end
+}
+
+struct CwdaemonTest : ::testing::Test {
+    Daemon daemon;
+    quint16 port = freePort(SOCK_DGRAM);
+    QStringList errors;
+    void SetUp() override { ASSERT_TRUE(startCwdaemon(daemon, port)) << "cwdaemon did not start"; }
+};
+
+TEST_F(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25Wpm) {
+    CwDaemonKeyer keyer("127.0.0.1", port);
+    keyer.setErrorHandler([this](const QString& m) { errors << m; });
+    const QString code = cw("CQ TEST UA3ABC");
+    // The daemon also plays the gap that ends the last character before it answers.
+    const double expected = 0.048 * double(unitsOfCwCode(code) + 2);
+    // Other programs on the machine can only make the daemon late, never early: the best of a
+    // few messages is its own timing.
+    std::vector<double> took;
+    for (int run = 1; run <= 3; ++run) {
+        const auto t0 = SteadyClock::now();
+        keyer.send(code, kUnit25Wpm, kUnit25Wpm);
+        EXPECT_TRUE(keyer.busy());
+        keyer.waitIdle();
+        took.push_back(std::chrono::duration<double>(SteadyClock::now() - t0).count());
+        EXPECT_EQ(keyer.lastReply(), "hhfc" + QByteArray::number(run))
+            << "the echo asked for with this message";
+        if (std::abs(took.back() - expected) <= expected * 0.10) break;
+    }
+    const double best = *std::min_element(took.begin(), took.end());
+    EXPECT_NEAR(best, expected, expected * 0.10) << "expected " << expected << " s";
+    EXPECT_TRUE(errors.isEmpty());
+}
+
+TEST_F(CwdaemonTest, EscAbortsTheMessage) {
+    CwDaemonKeyer keyer("127.0.0.1", port);
+    keyer.send(cw("CQ CQ TEST UA3ABC UA3ABC TEST"), kUnit25Wpm, kUnit25Wpm);
+    QThread::msleep(200);
+    ASSERT_TRUE(keyer.busy());
+    keyer.abort();
+    EXPECT_FALSE(keyer.busy());
+    ASSERT_TRUE(keyer.waitForReply(1000));
+    EXPECT_EQ(keyer.lastReply(), "break") << "the daemon's answer to an aborted message";
+}
+
+TEST(CwdaemonAbsent, ARefusedPortIsReportedByName) {
+    const quint16 port = freePort(SOCK_DGRAM);
+    CwDaemonKeyer keyer("127.0.0.1", port);
+    QStringList errors;
+    keyer.setErrorHandler([&](const QString& m) { errors << m; });
+    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    keyer.waitIdle();
+    EXPECT_EQ(errors, QStringList{QString("cwdaemon 127.0.0.1:%1 не отвечает").arg(port)});
+    EXPECT_FALSE(keyer.busy());
+}
+
+struct RigctldTest : ::testing::Test {
+    Daemon daemon;
+    quint16 port = freePort(SOCK_STREAM);
+    QStringList errors;
+    void SetUp() override { ASSERT_TRUE(startRigctld(daemon, port)) << "rigctld did not start"; }
+    // The radio's keyer speed as rigctld reports it to another client.
+    QByteArray radioSpeed() {
+        Fd fd = connectTcp("127.0.0.1", port, 1000);
+        writeAll(fd.get(), "l KEYSPD\n");
+        return readBytes(fd.get(), 3, 2000).trimmed();
+    }
+};
+
+TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
+    RigctldKeyer keyer("127.0.0.1", port);
+    keyer.setErrorHandler([this](const QString& m) { errors << m; });
+    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    EXPECT_TRUE(keyer.busy()) << "the radio is given the message's time";
+    keyer.abort();
+    EXPECT_FALSE(keyer.busy());
+    keyer.waitIdle();
+    const QList<int> replies = keyer.replies();
+    ASSERT_EQ(replies.size(), 3) << "L KEYSPD, b, \\stop_morse";
+    EXPECT_EQ(replies[0], 0);
+    EXPECT_EQ(replies[1], 0);
+    EXPECT_EQ(radioSpeed(), "25");
+    // The dummy radio cannot stop its keyer; that is no message for the operator.
+    EXPECT_TRUE(errors.isEmpty()) << errors.join('\n').toStdString();
+}
+
+TEST(RigctldAbsent, NoDaemonAndNoAddressAreReported) {
+    const quint16 port = freePort(SOCK_STREAM);
+    QStringList errors;
+    RigctldKeyer absent("127.0.0.1", port);
+    absent.setErrorHandler([&](const QString& m) { errors << m; });
+    absent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    RigctldKeyer unset("", 0);
+    unset.setErrorHandler([&](const QString& m) { errors << m; });
+    unset.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    EXPECT_EQ(errors, (QStringList{QString("rigctld 127.0.0.1:%1 не отвечает").arg(port),
+                                   "Не задан адрес rigctld ([rig] rigctld)"}));
+}
+
+// Two linked ptys: the keyer opens one, the test plays the Winkeyer on the other.
+struct WinkeyerTest : ::testing::Test {
+    QTemporaryDir dir;
+    Daemon socat;
+    QString keyerSide, deviceSide;
+    Fd device;
+    QStringList errors;
+
+    void SetUp() override {
+        keyerSide = dir.filePath("wk");
+        deviceSide = dir.filePath("dev");
+        socat.process.start(
+            "socat", {"pty,raw,echo=0,link=" + keyerSide, "pty,raw,echo=0,link=" + deviceSide});
+        ASSERT_TRUE(socat.process.waitForStarted(3000));
+        for (int i = 0; i < 100 && !(QFile::exists(keyerSide) && QFile::exists(deviceSide)); ++i)
+            QThread::msleep(20);
+        device = Fd(::open(deviceSide.toLocal8Bit().constData(), O_RDWR | O_NOCTTY));
+        ASSERT_TRUE(device.valid());
+    }
+    void put(const QByteArray& bytes) { ASSERT_TRUE(writeAll(device.get(), bytes)); }
+};
+
+TEST_F(WinkeyerTest, HostOpenSpeedTextStatusClearAndClose) {
+    {
+        WinKeyer keyer(keyerSide);
+        keyer.setErrorHandler([this](const QString& m) { errors << m; });
+        QByteArray open;
+        // The keyer waits for the revision byte before it sends anything else.
+        std::thread wk([&] {
+            open = readBytes(device.get(), 2, 3000);
+            put(QByteArray(1, char(23))); // WK 2.3
+        });
+        keyer.send(cw("ТЕСТ ua3abc"), kUnit25Wpm, kUnit25Wpm);
+        wk.join();
+        EXPECT_EQ(open, QByteArray("\x00\x02", 2));
+        EXPECT_EQ(keyer.revision(), 23);
+        EXPECT_EQ(readBytes(device.get(), 13, 2000), QByteArray("\x1c\x19TEST UA3ABC"));
+        EXPECT_TRUE(keyer.busy());
+
+        // Status bytes: BUSY while sending, then idle.
+        put("\xc4");
+        QThread::msleep(50);
+        EXPECT_TRUE(keyer.busy());
+        put("\xc0");
+        QThread::msleep(50);
+        EXPECT_FALSE(keyer.busy());
+
+        // A key's factor is the message's own buffered speed; Esc clears the keyer's buffer.
+        keyer.send(cw("TEST"), kUnit25Wpm / 2, kUnit25Wpm);
+        EXPECT_EQ(readBytes(device.get(), 6, 2000), QByteArray("\x1c\x32TEST"));
+        keyer.abort();
+        EXPECT_EQ(readBytes(device.get(), 1, 2000), QByteArray("\x0a"));
+        EXPECT_FALSE(keyer.busy());
+    }
+    EXPECT_EQ(readBytes(device.get(), 2, 2000), QByteArray("\x00\x03", 2)) << "host close";
+    EXPECT_TRUE(errors.isEmpty());
+}
+
+TEST_F(WinkeyerTest, ASilentOrMissingDeviceIsReported) {
+    WinKeyer silent(keyerSide);
+    silent.setErrorHandler([this](const QString& m) { errors << m; });
+    silent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    EXPECT_EQ(readBytes(device.get(), 2, 1000), QByteArray("\x00\x02", 2));
+    WinKeyer missing(dir.filePath("none"));
+    missing.setErrorHandler([this](const QString& m) { errors << m; });
+    missing.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    EXPECT_EQ(errors, (QStringList{"Winkeyer не отвечает на " + keyerSide,
+                                   "Winkeyer: не открывается " + dir.filePath("none")}));
+}
+
+// The window with a network or radio keyer chosen never speaks of a serial port.
+struct KeyerChoiceTest : hfc::test::FormFixture {
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    RecordingKeyPort port;
+    StationSettings settings;
+
+    void SetUp() override {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+        FormFixture::SetUp();
+        Env env = form->env();
+        env.port = &port;
+        env.settings = &settings;
+        port.setBusy(true); // the serial port would say "Порт занят"
+        form = std::make_unique<ContestForm>(env);
+        form->Form_Load();
+    }
+    void TearDown() override {
+        form.reset();
+        app.reset();
+    }
+    QStringList shown() {
+        if (KeyerBackend* k = form->keyer()) k->waitIdle();
+        QCoreApplication::sendPostedEvents();
+        return ui.takeShown();
+    }
+};
+
+TEST_F(KeyerChoiceTest, CwdaemonKeysAndTheSerialPortStaysOut) {
+    Daemon daemon;
+    const quint16 udp = freePort(SOCK_DGRAM);
+    ASSERT_TRUE(startCwdaemon(daemon, udp));
+    settings.keyerBackend = "cwdaemon";
+    settings.cwdaemon = QString("127.0.0.1:%1").arg(udp);
+    form->pressKey(113);
+    ASSERT_NE(form->keyer(), nullptr);
+    EXPECT_TRUE(form->keyer()->busy());
+    form->pressKey(27); // Esc
+    EXPECT_FALSE(form->keyer()->busy());
+    EXPECT_TRUE(shown().isEmpty());
+    EXPECT_TRUE(port.takeEvents().empty());
+    EXPECT_EQ(text("lblports"), "Ключ: " + settings.cwdaemon);
+
+    // Back to the DTR keyer: now its port speaks.
+    settings.keyerBackend = "serial";
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->pressKey(113);
+    EXPECT_EQ(shown(), QStringList{"msgbox\tПорт занят\tОшибка !!!\tok"});
+}
+
+TEST_F(KeyerChoiceTest, ADeviceThatFailsSaysWhichNotPortBusy) {
+    settings.keyerBackend = "winkeyer";
+    settings.winkeyer = "/nonexistent/ttyWK";
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->pressKey(113);
+    EXPECT_EQ(shown(),
+              QStringList{"msgbox\tWinkeyer: не открывается /nonexistent/ttyWK\tОшибка !!!\tok"});
+    settings.keyerBackend = "rigctld";
+    settings.rigctld = "localhost";
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->pressKey(113);
+    EXPECT_EQ(shown(), QStringList{"msgbox\tНеверный адрес rigctld: localhost\tОшибка !!!\tok"});
+    EXPECT_TRUE(port.takeEvents().empty());
+}
+
+} // namespace

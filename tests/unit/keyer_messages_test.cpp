@@ -1,0 +1,152 @@
+// What the function keys and Enter send: F3's full call, variables in the operator's texts, and
+// Enter sending messages (a station setting), keyed on a recording port.
+#include "formfixture.h"
+#include "keyer/keyport.h"
+#include "keyer/messagetext.h"
+#include "station/settings.h"
+
+#include <QCoreApplication>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+
+namespace {
+
+constexpr int F3 = 114, F4 = 115, F7 = 118, F9 = 120;
+
+struct KeyerMessagesTest : FormFixture {
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    RecordingKeyPort port;
+    StationSettings settings;
+    QStringList messages; // every text handed to the keyer, in order
+
+    void SetUp() override {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+        FormFixture::SetUp();
+        Env env = form->env();
+        env.port = &port;
+        env.settings = &settings;
+        form = std::make_unique<ContestForm>(env);
+        form->Form_Load();
+        QObject::connect(form.get(), &ContestForm::messageQueued,
+                         [this](const QString& t) { messages << t; });
+    }
+    void TearDown() override {
+        form.reset();
+        app.reset();
+    }
+    void ownCall(const QString& call) {
+        form->setFocus(form->TXTNCALL);
+        form->TXTNCALL->setText(call);
+        enter();
+    }
+    // A contest with a serial exchange and a band, the call box focused.
+    void startCqww() {
+        ui.queueInput("14");
+        form->call("mnucqww_Click", {});
+        form->cmbband_Click(3);
+        form->setFocus(form->txtcall);
+    }
+    void type(const QString& text) { form->typeText(text); }
+    void enter() { form->typeChar(QLatin1Char('\r')); }
+    QString logged() { return db.contest.column("SELECT ccall FROM tbllog").join(','); }
+};
+
+TEST(MessageText, VariablesAreReplacedAndUnknownNamesKept) {
+    MessageFields f{"UA3ABC", "DL1XYZ", "oo1", "5NN", "14"};
+    EXPECT_EQ(expandMessageText("{CALL} TU DE {MYCALL}", f), "DL1XYZ TU DE UA3ABC");
+    EXPECT_EQ(expandMessageText("{call} {RST}{NR} {Exch}", f), "DL1XYZ 5NNoo1 14");
+    EXPECT_EQ(expandMessageText("{QTH} {CALL", f), "{QTH} {CALL");
+    EXPECT_EQ(expandMessageText("{}{CALL}}", f), "{}DL1XYZ}");
+    EXPECT_EQ(expandMessageText("no braces", f), "no braces");
+}
+
+TEST_F(KeyerMessagesTest, F3SendsTheFullCallNotTheBoxesCut) {
+    ownCall("UA3ABC");
+    EXPECT_EQ(text("TXTNCALL"), "ABC") << "the box keeps its cut";
+    form->pressKey(F3);
+    EXPECT_EQ(form->cwtext, "UA3ABC");
+    // Before the own call is entered, the box is all there is.
+    form->owncall.clear();
+    form->TXTNCALL->setText("RK3A");
+    form->pressKey(F3);
+    EXPECT_EQ(form->cwtext, "RK3A");
+}
+
+TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
+    ownCall("UA3ABC");
+    form->txtcall->setText("DL1XYZ");
+    form->txtrsts->setText("001");
+    form->txtrstr->setText("14");
+    form->txtf4->setText("{CALL} DE {MYCALL}");
+    form->txtf7->setText("{RST} {NR}");
+    form->txtf9->setText("{EXCH}?");
+    form->pressKey(F4);
+    EXPECT_EQ(form->cwtext, "DL1XYZ DE UA3ABC");
+    form->pressKey(F7);
+    EXPECT_EQ(form->cwtext, "5NN oo1") << "the report as F5 sends it, the number with cut zeros";
+    form->lblrsts->setText("579");
+    form->pressKey(F7);
+    EXPECT_EQ(form->cwtext, "579 oo1");
+    form->pressKey(F9);
+    EXPECT_EQ(form->cwtext, "14?");
+    form->lbltest->setText("{CALL}");
+    form->pressKey(113);
+    EXPECT_EQ(form->cwtext, "{CALL}") << "F2 is a fixed text";
+}
+
+TEST_F(KeyerMessagesTest, EnterSendsNothingWithoutTheSetting) {
+    startCqww();
+    enter();
+    type("DL1XYZ");
+    enter();
+    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_EQ(form->focusName(), "txtrstr");
+}
+
+TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {
+    settings.esm = true;
+    ownCall("UA3ABC");
+    startCqww();
+    form->txttu->setText("TU {MYCALL}");
+    enter();
+    EXPECT_EQ(messages, QStringList{"TEST"}) << "an empty call box calls CQ";
+    EXPECT_EQ(form->focusName(), "txtcall");
+    messages.clear();
+
+    type("DL1XYZ");
+    enter();
+    EXPECT_EQ(messages, (QStringList{"DL1XYZ", "5NN14"})) << "F6 then F5: the own zone";
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    EXPECT_EQ(logged(), "");
+    messages.clear();
+
+    form->txtrstr->setText(QString());
+    enter();
+    EXPECT_EQ(messages, (QStringList{"DL1XYZ", "5NN14"})) << "no exchange yet: again";
+    messages.clear();
+
+    type("14");
+    enter();
+    EXPECT_EQ(messages, QStringList{"TU UA3ABC"});
+    EXPECT_EQ(logged(), "DL1XYZ");
+    EXPECT_EQ(form->focusName(), "txtcall");
+}
+
+TEST_F(KeyerMessagesTest, ARefusedExchangeIsNotThankedNorLogged) {
+    settings.esm = true;
+    startCqww();
+    type("DL1XYZ");
+    enter();
+    messages.clear();
+    form->txtrstr->setText(QString());
+    type("99"); // no such CQ zone
+    enter();
+    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_EQ(logged(), "");
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+// Restoring the log from a backup, from the "Сервис" menu and from `hfcontest restore`: the
+// backup is checked, the current log saved first, and a -wal left by a crash is not replayed
+// onto the restored log.
+#include "data/backup.h"
+#include "data/restore.h"
+#include "formfixture.h"
+#include "testfiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace hfc;
+using hfc::test::FormFixture;
+using hfc::test::readFile;
+using hfc::test::writeFile;
+
+namespace {
+
+void logCalls(Db& log, const QStringList& calls) {
+    for (const QString& c : calls)
+        log.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')", {c});
+}
+
+QStringList calls(Db& log) {
+    return log.column("SELECT ccall FROM tbllog ORDER BY rowid");
+}
+
+int restore(const QStringList& args, QString& out, QString& err) {
+    out.clear();
+    err.clear();
+    QTextStream so(&out), se(&err);
+    const int code = runRestoreCommand(args, so, se);
+    so.flush();
+    se.flush();
+    return code;
+}
+
+} // namespace
+
+struct RestoreTest : FormFixture {
+    QString backupFolder() const { return dir.path() + "/backup"; }
+    QString backupOf(const QStringList& rows) {
+        logCalls(db.contest, rows);
+        QString error;
+        const QString path =
+            backupDatabase(db.contest, backupFolder(), "dbcontest", clock.localNow(), error);
+        EXPECT_FALSE(path.isEmpty()) << error.toStdString();
+        clock.advance(1);
+        return path;
+    }
+};
+
+TEST_F(RestoreTest, TheMenuPutsTheBackupInPlaceAndSavesTheLogFirst) {
+    const QString backup = backupOf({"DL1AA", "DL2BB"});
+    logCalls(db.contest, {"F5CC"});
+    form->contestcode = "cqww";
+    ui.queueFile(backup);
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->call("mnurestore_Click", {});
+    const QStringList shown = ui.takeShown();
+    ASSERT_EQ(shown.size(), 3) << shown.join('\n').toStdString();
+    EXPECT_TRUE(shown[1].startsWith("msgbox\tВосстановить журнал из копии «" + backup));
+    EXPECT_TRUE(shown[2].contains("Журнал восстановлен из копии") &&
+                shown[2].contains("Прежний журнал сохранён"))
+        << shown[2].toStdString();
+    EXPECT_EQ(calls(db.contest), QStringList({"DL1AA", "DL2BB"}));
+    EXPECT_EQ(db.contest.scalar("PRAGMA journal_mode"), "wal");
+    // the log as it was is among the backups, and the window counts the restored one
+    const QStringList saved = QDir(backupFolder()).entryList({"*.sqlite"}, QDir::Files, QDir::Name);
+    ASSERT_EQ(saved.size(), 2);
+    Db before;
+    before.open(backupFolder() + '/' + saved[1], false);
+    EXPECT_EQ(calls(before), QStringList({"DL1AA", "DL2BB", "F5CC"}));
+    EXPECT_EQ(form->DBGrid3->rowCount(), 2u);
+}
+
+TEST_F(RestoreTest, NoAnswerOrABadFileLeavesTheLogAsItIs) {
+    logCalls(db.contest, {"DL1AA"});
+    const QString notDb = dir.path() + "/notes.sqlite";
+    writeFile(notDb, "not a database at all, just some text");
+    ui.queueFile(notDb);
+    ui.queueAnswer(Ui::Answer::No);
+    form->call("mnurestore_Click", {});
+    ui.queueFile(notDb);
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->call("mnurestore_Click", {});
+    const QStringList shown = ui.takeShown();
+    EXPECT_TRUE(shown.last().contains("не годится") && shown.last().contains("notes.sqlite"))
+        << shown.last().toStdString();
+    EXPECT_EQ(calls(db.contest), QStringList({"DL1AA"}));
+    EXPECT_FALSE(QDir(backupFolder()).exists());
+    EXPECT_EQ(readFile(notDb), "not a database at all, just some text");
+}
+
+// The README's old advice (copy the backup over the log) let SQLite replay a crash's -wal onto
+// the backup; the restore command removes it first.
+TEST(RestoreCommand, TheBackupWinsOverAStaleWalLeftByACrash) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data";
+    QString backup;
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        logCalls(db.contest, {"DL1AA", "DL2BB"});
+        backup = backupDatabase(db.contest, dir.path(), "dbcontest", QDateTime::currentDateTime(),
+                                error);
+        ASSERT_FALSE(backup.isEmpty()) << error.toStdString();
+    }
+    const pid_t pid = fork();
+    if (pid == 0) {
+        Databases db;
+        QString error;
+        if (!db.open(data, error)) _exit(3);
+        db.contest.exec("PRAGMA wal_autocheckpoint=0");
+        logCalls(db.contest, {"F5CC", "G4DD"});
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    ASSERT_GT(QFileInfo(data + "/dbcontest.sqlite-wal").size(), 0);
+
+    QString out, err;
+    EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 0) << err.toStdString();
+    EXPECT_TRUE(out.startsWith("Журнал восстановлен из копии «" + backup)) << out.toStdString();
+    Databases db;
+    QString error;
+    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    EXPECT_EQ(calls(db.contest), QStringList({"DL1AA", "DL2BB"}));
+    // what the crash had logged is in the copy saved before the restore
+    const QStringList saved = QDir(data + "/backup").entryList({"*.sqlite"}, QDir::Files);
+    ASSERT_EQ(saved.size(), 1);
+    Db before;
+    before.open(data + "/backup/" + saved[0], false);
+    EXPECT_EQ(calls(before), QStringList({"DL1AA", "DL2BB", "F5CC", "G4DD"}));
+}
+
+TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
+    QTemporaryDir dir;
+    const QString data = dir.path() + "/data";
+    QString backup;
+    {
+        Databases db;
+        QString error;
+        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        logCalls(db.contest, {"DL1AA"});
+        backup = backupDatabase(db.contest, dir.path(), "dbcontest", QDateTime::currentDateTime(),
+                                error);
+    }
+    const QByteArray log = readFile(data + "/dbcontest.sqlite");
+    QString out, err;
+    EXPECT_EQ(restore({"--data-dir", data}, out, err), 2);
+    EXPECT_EQ(restore({"--data-dir", data, dir.path() + "/absent.sqlite"}, out, err), 1);
+    EXPECT_TRUE(err.contains("absent.sqlite") && err.contains("не найден")) << err.toStdString();
+
+    // a damaged backup
+    const QString damaged = dir.path() + "/damaged.sqlite";
+    QByteArray bytes = readFile(backup);
+    bytes.replace(4096, 4096, QByteArray(4096, '\x5a'));
+    writeFile(damaged, bytes);
+    EXPECT_EQ(restore({"--data-dir", data, damaged}, out, err), 1);
+    EXPECT_TRUE(err.contains("damaged.sqlite") && err.contains("повреждён")) << err.toStdString();
+
+    // the logger running on the folder
+    {
+        Databases running;
+        QString error;
+        ASSERT_TRUE(running.open(data, error));
+        EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 1);
+        EXPECT_TRUE(err.contains("используется другой")) << err.toStdString();
+    }
+    EXPECT_EQ(readFile(data + "/dbcontest.sqlite"), log);
+    EXPECT_FALSE(QDir(data + "/backup").exists());
+    EXPECT_EQ(QDir(data).entryList({"*.restore*"}, QDir::Files), QStringList());
+}
