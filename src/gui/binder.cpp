@@ -285,16 +285,7 @@ void Binder::mirror(Control* c, QWidget* w) {
         if (QLineEdit* e = cb->lineEdit(); e && e->cursorPosition() != c->cursor())
             e->setCursorPosition(c->cursor());
     } else if (auto* l = qobject_cast<QListWidget*>(w)) {
-        QStringList have;
-        for (int i = 0; i < l->count(); ++i) have << l->item(i)->text();
-        if (have != c->items()) {
-            l->clear();
-            l->addItems(c->items());
-            if (l->count() > 0) l->setCurrentRow(0);
-        }
-        // The model's current entry, where it names one.
-        const int current = int(c->items().indexOf(c->text()));
-        if (current >= 0 && l->currentRow() != current) l->setCurrentRow(current);
+        mirrorList(c, l);
     } else if (auto* t = qobject_cast<QTableView*>(w)) {
         auto* m = qobject_cast<GridModel*>(t->model());
         const bool added = m && m->sync();
@@ -305,6 +296,53 @@ void Binder::mirror(Control* c, QWidget* w) {
         mirrorTree(c, t);
     }
     mirroring_ = false;
+}
+
+namespace {
+// How a list shows the mark of a worked call: a colour for the eye, words for a screen reader.
+struct ListMark {
+    const char* colour;
+    const char* words;
+};
+ListMark listMark(const QString& mark) {
+    if (mark == QLatin1String("band")) return {"#c00000", "сработан на этом диапазоне"};
+    if (mark == QLatin1String("contest")) return {"#0000c0", "сработан в соревновании"};
+    return {nullptr, nullptr};
+}
+} // namespace
+
+// A list's items; a list whose control has "marks" ("|"-joined, one per item) shows each mark;
+// the control's text, when it is one of the items, is the current row.
+void Binder::mirrorList(Control* c, QListWidget* l) {
+    const bool marked = c->hasProperty(QStringLiteral("marks"));
+    QStringList have;
+    for (int i = 0; i < l->count(); ++i) have << l->item(i)->text();
+    if (have != c->items()) {
+        l->clear();
+        l->addItems(c->items());
+        if (l->count() > 0 && !marked) l->setCurrentRow(0);
+    }
+    if (!marked) {
+        // The model's current entry, where it names one.
+        const int current = int(c->items().indexOf(c->text()));
+        if (current >= 0 && l->currentRow() != current) l->setCurrentRow(current);
+        return;
+    }
+    const QStringList marks = c->extra(QStringLiteral("marks")).split(QLatin1Char('|'));
+    for (int i = 0; i < l->count(); ++i) {
+        QListWidgetItem* it = l->item(i);
+        const ListMark m = listMark(marks.value(i));
+        it->setForeground(m.colour ? QBrush(QColor(QLatin1String(m.colour))) : QBrush());
+        QFont f = l->font();
+        f.setBold(m.colour != nullptr);
+        it->setFont(f);
+        it->setData(Qt::AccessibleTextRole,
+                    m.words ? it->text() + QStringLiteral(", ") + QString::fromUtf8(m.words)
+                            : it->text());
+        it->setToolTip(m.words ? QString::fromUtf8(m.words) : QString());
+    }
+    const int current = c->text().isEmpty() ? -1 : int(c->items().indexOf(c->text()));
+    if (l->currentRow() != current) l->setCurrentRow(current);
 }
 
 namespace {

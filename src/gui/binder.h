@@ -11,6 +11,7 @@ class QWidget;
 class QAction;
 class QKeyEvent;
 class QTreeWidget;
+class QListWidget;
 
 namespace hfc {
 
@@ -53,6 +54,7 @@ class Binder : public QObject {
   private:
     void mirror(Control* c, QWidget* w);
     void mirrorTree(Control* c, QTreeWidget* t);
+    void mirrorList(Control* c, QListWidget* l);
     void onFocusChanged(Control* c);
     void takeSelection(Control* c, QObject* watched);
     bool paste(Control* c, QObject* watched, QKeyEvent* ke);

@@ -168,6 +168,7 @@ void MainWindow::buildMenus() {
          {"mnumzone", "mnumdxcc", "mnuawto", "MNUCW", "mnuCAT", "mnurusdx", "mnuQTC", "mnudelet",
           "mnurestore", "mnuwindos", "mnuprow", "mnucluster", "mnusettings"})
         service->addAction(binder_->makeAction(item, this));
+    service->addAction(binder_->makeAction("mnuhistory", this));
     bar->addAction(binder_->makeAction("CMBEXIT", this, QChar(u'х')));
 }
 
@@ -200,6 +201,12 @@ void MainWindow::buildPanels() {
          Qt::RightDockWidgetArea);
     dock("panelStation", QStringLiteral("Станция"), buildStationPanel(), form_->frstation,
          Qt::RightDockWidgetArea);
+    // The call lists sit beside the log, where the eye goes from the call box.
+    PanelDock* scp = dock("panelScp", QStringLiteral("SCP — частичный поиск"),
+                          binder_->make("lstscp"), form_->lstscp, Qt::RightDockWidgetArea);
+    PanelDock* np1 = dock("panelNp1", QStringLiteral("N+1 — один знак"), binder_->make("lstnp1"),
+                          form_->lstnp1, Qt::RightDockWidgetArea);
+    splitDockWidget(scp, np1, Qt::Horizontal);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
@@ -271,6 +278,8 @@ QWidget* MainWindow::buildEntryLine() {
     counter->setMinimumWidth(44);
     counter->setMaximumWidth(60);
     g->addWidget(counter, 1, c + 1);
+    // The name the call history knows, under the call where the operator reads it back.
+    g->addWidget(binder_->make("lblname"), 2, 0, 1, 3);
     return box;
 }
 

@@ -4,8 +4,8 @@
 
 #include "data/databases.h"
 #include "forms/clock.h"
-#include "station/multiop.h"
 #include "log/band.h"
+#include "station/multiop.h"
 
 namespace hfc {
 
@@ -35,6 +35,7 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
     registerBandmap();
     registerStation();
     registerRates();
+    registerScp();
 }
 
 Db& ContestForm::logDb() {
@@ -268,6 +269,7 @@ void ContestForm::Form_Load() {
     }
     resolveOwnCall();
     restoreSession();
+    loadStationFiles();
     Timer1_Timer();
     applyStationSettings();
     setFocus(txtcall);

@@ -20,9 +20,13 @@
 //   station.cpp       the station's shared log (other computers), station panel
 //   rates.cpp         the QSO rates from the log, the status line
 //   logcheck.cpp      the log check of the "Сервис" menu
+//   scp.cpp           super check partial, one-off calls, call history
 #include "data/logtally.h"
+#include "data/workedcalls.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
+#include "station/callhistory.h"
+#include "station/scp.h"
 
 #include <QDateTime>
 #include <QSet>
@@ -359,6 +363,26 @@ class ContestForm : public Form {
     QString checkReport(); // the text the log check shows
     // The status line: a word the operator should see without a box in the way.
     void status(const QString& text);
+    // scp.cpp
+    Control *lstscp, *lstnp1; // calls holding the typed text; calls one character off it
+    Control* lblname;         // the station's name from the call history, beside the call
+    Control* mnuhistory;     // "Сервис" -> "Записать историю позывных"
+    void loadStationFiles(); // MASTER.SCP and the call history of the data folder
+    void scplookup();        // both lists and the name for the typed call
+    void historyfill();      // the exchange from the call history
+    bool scpKeyUp(Event& e); // Ctrl+Up/Down/Enter in the call box; true when it took the key
+    void lstscp_Click();
+    void lstnp1_Click();
+    void takeListCall(const QString& call);
+    void moveListCurrent(int step);
+    void mnuhistory_Click();
+    WorkedCalls& workedCalls(); // this contest's calls, in step with the log
+    ScpIndex& scpIndex();       // read from its file at the first use
+    ScpIndex scp;
+    bool scpRead = false;
+    CallHistory history;
+    QString histfilled; // the exchange the history put into the box, while it is there
+    int scpmax = 40;    // entries a list holds: more than a panel shows on a tall screen
 
   signals:
     void exitRequested();
@@ -390,6 +414,7 @@ class ContestForm : public Form {
     BandmapLink* bandmap_ = nullptr; // bandmap.cpp; a child of the window
     void registerStation();
     void registerRates();
+    void registerScp();
 
     // keys.cpp: the keyer is made on the first message, and again when the settings name another
     std::unique_ptr<KeyerBackend> keyer_;
@@ -412,6 +437,7 @@ class ContestForm : public Form {
     int rigBand_ = -1;                     // the band of the last reading; -1: outside
     QString rigMode_;                      // the mode of the last reading
     std::array<double, 7> bandHz_{};       // the last frequency heard on each band
+    WorkedCalls worked_;                   // scp.cpp
 };
 
 } // namespace hfc

@@ -95,6 +95,7 @@ void ContestForm::wipeEntry() {
 void ContestForm::txtcall_KeyUp(Event& e) {
     // Ctrl with an arrow took a spot from the band map, lookups and all.
     if (e.shift == 2 && (e.keyCode == keys::Up || e.keyCode == keys::Down)) return;
+    if (scpKeyUp(e)) return;
     if (txtcall->text().isEmpty()) {
         txtrstr->setText(QString());
         txtpoint->setText(QString());
@@ -201,6 +202,7 @@ void ContestForm::wwodcall() {
         DBList1_Click();
     else
         showEarlierQsos(call);
+    scplookup();
 
     if (call.isEmpty()) {
         txtpoint->setText(QStringLiteral("0"));
@@ -223,6 +225,7 @@ void ContestForm::wwodcall() {
     }
     if (itufill == 0) txtrstr->setText(callitu);
     if (cqfill == 0) txtrstr->setText(callcq);
+    historyfill();
 
     if (dxccmult == 0) {
         multcand = callpref;

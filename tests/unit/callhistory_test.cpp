@@ -1,0 +1,82 @@
+// Call history: the file format, the column a contest reads, and the values written from a log.
+#include "contests/historycolumn.h"
+#include "station/callhistory.h"
+#include "testfiles.h"
+#include "text/codepage.h"
+
+#include <gtest/gtest.h>
+
+using namespace hfc;
+
+TEST(CallHistory, TheHeaderNamesTheColumnsOfTheLinesAfterIt) {
+    CallHistory h;
+    h.load("# made by hand\n"
+           "!!Order!!,Call,Name,CQZone,Loc1\n"
+           "ua3abc,Ivan,16,MA\r\n"
+           "DL1AB,Hans,14\n"
+           "\n"
+           "!!Order!!,Name,Call,Exch1\n" // a second header changes the layout
+           "Joe,K1AR,MA\n"
+           "Bob\n"); // no call: nothing to keep
+    EXPECT_EQ(h.size(), 3u);
+    EXPECT_EQ(h.value("UA3ABC", "Name"), "Ivan");
+    EXPECT_EQ(h.value("ua3abc", "cqzone"), "16"); // names and calls in any case
+    EXPECT_EQ(h.value("UA3ABC", "Loc1"), "MA");
+    EXPECT_EQ(h.value("DL1AB", "Loc1"), ""); // a short line
+    EXPECT_EQ(h.value("K1AR", "Name"), "Joe");
+    EXPECT_EQ(h.value("K1AR", "Exch1"), "MA");
+    EXPECT_EQ(h.value("W1AW", "Name"), "");
+    EXPECT_EQ(h.value("UA3ABC", "State"), "");
+    EXPECT_EQ(h.columns(), QStringList({"Call", "Name", "CQZone", "Loc1", "Exch1"}));
+}
+
+TEST(CallHistory, WithoutAHeaderLinesAreCallAndExchange) {
+    // Debian's DOK list for the DARC contests is such a file.
+    CallHistory h;
+    ASSERT_TRUE(h.loadFile("/usr/share/hamradio-files/WAG_call_history.txt"));
+    EXPECT_GT(h.size(), 4000u);
+    EXPECT_EQ(h.value("DA0AA", "Exch1"), "B06");
+    EXPECT_TRUE(h.has("DA0DOM")); // an empty exchange still names the call
+    EXPECT_EQ(h.value("DA0DOM", "Exch1"), "");
+}
+
+TEST(CallHistory, AWindowsFileIsReadInItsCodePage) {
+    CallHistory h;
+    h.load(toWin1251(QStringLiteral("!!Order!!,Call,Name\nUA3ABC,Иван\n")));
+    EXPECT_EQ(h.value("UA3ABC", "Name"), QStringLiteral("Иван"));
+}
+
+TEST(CallHistory, WrittenTextReadsBackTheSame) {
+    CallHistory h;
+    h.load("!!Order!!,Call,Name,Exch1\nUA3ABC,Ivan,MA\nDL1AB,Hans,\n");
+    h.set("K1AR", "CQZone", "5");
+    h.set("dl1ab", "Name", "Hans, Jr"); // a comma would start a new column
+    h.set("UA3ABC", "Call", "XX");      // the call is the key and stays
+    const QByteArray text = h.text();
+    EXPECT_EQ(text, "!!Order!!,Call,Name,Exch1,CQZone\n"
+                    "DL1AB,Hans  Jr,,\n"
+                    "K1AR,,,5\n"
+                    "UA3ABC,Ivan,MA,\n");
+    CallHistory back;
+    back.load(text);
+    EXPECT_EQ(back.text(), text);
+    EXPECT_EQ(back.value("K1AR", "CQZone"), "5");
+}
+
+TEST(HistoryColumn, EachContestReadsTheColumnOfItsExchange) {
+    EXPECT_EQ(contests::historyColumn("cqww"), "CQZone");
+    EXPECT_EQ(contests::historyColumn("iaru"), "ITUZone");
+    EXPECT_EQ(contests::historyColumn("rudx"), "Loc1");
+    EXPECT_EQ(contests::historyColumn("wag"), "Exch1");
+    EXPECT_EQ(contests::historyColumn("hi hi"), "Exch1");
+
+    EXPECT_TRUE(contests::historyValueFits("CQZone", "14"));
+    EXPECT_FALSE(contests::historyValueFits("CQZone", "41"));
+    EXPECT_FALSE(contests::historyValueFits("CQZone", "001")); // a serial number
+    EXPECT_TRUE(contests::historyValueFits("ITUZone", "90"));
+    EXPECT_FALSE(contests::historyValueFits("ITUZone", "0"));
+    EXPECT_TRUE(contests::historyValueFits("Loc1", "MA"));
+    EXPECT_FALSE(contests::historyValueFits("Loc1", "123")); // a DX station's serial in RDXC
+    EXPECT_TRUE(contests::historyValueFits("Exch1", "B06"));
+    EXPECT_FALSE(contests::historyValueFits("Exch1", ""));
+}
