@@ -93,7 +93,7 @@ bool ContestForm::recomputeOwnPoints() {
     std::vector<std::pair<QString, QString>> changed; // rowid, points
     for (const QStringList& r : rows) {
         if (r[3] == QLatin1String("DUPE")) continue;
-        const ResolvedCall c = resolveCall(*env().db, contestcode, r[1]);
+        const ResolvedCall c = hfc::resolveCall(*env().db, contestcode, r[1]);
         QsoFacts q;
         q.contest = contestcode;
         q.band = r[2];
