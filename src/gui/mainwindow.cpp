@@ -201,12 +201,16 @@ void MainWindow::buildPanels() {
          Qt::RightDockWidgetArea);
     dock("panelStation", QStringLiteral("Станция"), buildStationPanel(), form_->frstation,
          Qt::RightDockWidgetArea);
-    // The call lists sit beside the log, where the eye goes from the call box.
-    PanelDock* scp = dock("panelScp", QStringLiteral("SCP — частичный поиск"),
-                          binder_->make("lstscp"), form_->lstscp, Qt::RightDockWidgetArea);
-    PanelDock* np1 = dock("panelNp1", QStringLiteral("N+1 — один знак"), binder_->make("lstnp1"),
-                          form_->lstnp1, Qt::RightDockWidgetArea);
-    splitDockWidget(scp, np1, Qt::Horizontal);
+    // The call lists sit beside the log, where the eye goes from the call box; one above the
+    // other, so that the column is one call wide and the window still fits a 1024-wide screen.
+    QWidget* scpList = binder_->make("lstscp");
+    QWidget* np1List = binder_->make("lstnp1");
+    for (QWidget* list : {scpList, np1List}) list->setMinimumWidth(90);
+    PanelDock* scp =
+        dock("panelScp", QStringLiteral("SCP"), scpList, form_->lstscp, Qt::RightDockWidgetArea);
+    PanelDock* np1 =
+        dock("panelNp1", QStringLiteral("N+1"), np1List, form_->lstnp1, Qt::RightDockWidgetArea);
+    splitDockWidget(scp, np1, Qt::Vertical);
 }
 
 // Bringing a floating panel forward (to drag it, say) gives its first box the keyboard; the
