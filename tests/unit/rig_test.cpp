@@ -278,3 +278,21 @@ TEST_F(RigTest, SettingsWindowPointsTheProgramAtTheRadio) {
 }
 
 } // namespace
+
+TEST_F(RigTest, ASpotTakenFromTheBandMapMovesTheRadioAndTheNextIsCountedFromIt) {
+    connected();
+    form->click(form->cmbband[3]);
+    ASSERT_TRUE(radioAt("14010000"));
+    for (const char* line : {"DX de SP5ZZZ:     14020.0  DL1ABC   CQ    1200Z",
+                             "DX de SP5ZZZ:     14030.0  JA1XYZ   CQ    1200Z"})
+        form->clusterLine(QString::fromLatin1(line));
+    form->setFocus(form->txtcall);
+    form->pressKey(keys::Down, 2); // the next spot up from the radio's 14010.0
+    EXPECT_EQ(text("txtcall"), "DL1ABC");
+    EXPECT_TRUE(radioAt("14020000"));
+    // The operator tunes past the second spot by hand: the next one down is counted from there.
+    tune("14035000", "14035.0");
+    form->pressKey(keys::Up, 2);
+    EXPECT_EQ(text("txtcall"), "JA1XYZ");
+    EXPECT_TRUE(radioAt("14030000"));
+}
