@@ -92,8 +92,9 @@ TEST(EntryKeysGui, TheWindowFitsA1024By768Screen) {
         ASSERT_NE(box, nullptr) << name;
         const QRect r(box->mapTo(w.win.get(), QPoint(0, 0)), box->size());
         EXPECT_TRUE(inside.contains(r)) << name;
-        if (qobject_cast<QLineEdit*>(box) || qobject_cast<QLabel*>(box))
+        if (qobject_cast<QLineEdit*>(box) || qobject_cast<QLabel*>(box)) {
             EXPECT_GE(box->width(), box->minimumSizeHint().width() - 1) << name;
+        }
     }
     // The status line is where a function key without a keyer reports.
     EXPECT_NE(w.win->statusBar()->findChild<QLabel*>("lblstatus"), nullptr);
