@@ -3,6 +3,7 @@
 #include "station/settings.h"
 
 #include <chrono>
+#include <clocale>
 #include <condition_variable>
 #include <csignal>
 #include <functional>
@@ -245,6 +246,11 @@ QString RigTarget::describe() const {
 }
 
 Rig::Rig(QObject* parent) : QObject(parent), shared_(std::make_shared<Shared>()) {
+    // rig_open switches LC_NUMERIC to "C" and back through a name pointer that the switch
+    // itself frees (a use after free whenever the locale is not already "C"). Qt formats numbers
+    // through QLocale, not the C locale, so the process keeps "C" for numbers from here on and
+    // Hamlib's switch changes nothing.
+    std::setlocale(LC_NUMERIC, "C");
     shared_->owner = this;
     shared_->thread = std::thread([s = shared_] { Shared::run(s); });
 }
