@@ -3,6 +3,7 @@
 // "break" answer), a Winkeyer line (socat pty pair: time until the clear-buffer byte is on the
 // far side) and rigctld with the dummy radio (time until "\stop_morse" is answered). Each run
 // sends a long message at 25 WPM, lets it key for 300 ms, then presses Esc. Prints figures only.
+#include "../tests/support/freeport.h"
 #include "benchutil.h"
 #include "keyer/cwdaemonkeyer.h"
 #include "keyer/deviceio.h"
@@ -31,6 +32,8 @@ using bench::Steady;
 
 namespace {
 
+using hfc::test::freePort;
+
 constexpr int kRuns = 20;
 constexpr qint64 kUnit25Wpm = 160000;
 const QString kMessage = QStringLiteral("CQ CQ TEST UA3ABC UA3ABC TEST");
@@ -38,17 +41,6 @@ const QString kMessage = QStringLiteral("CQ CQ TEST UA3ABC UA3ABC TEST");
 QString cw(const QString& text) {
     QString cwchar;
     return buildCwCode(text, cwchar);
-}
-
-quint16 freePort(int type) {
-    Fd fd(::socket(AF_INET, type, 0));
-    sockaddr_in a{};
-    a.sin_family = AF_INET;
-    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ::bind(fd.get(), reinterpret_cast<sockaddr*>(&a), sizeof a);
-    socklen_t len = sizeof a;
-    ::getsockname(fd.get(), reinterpret_cast<sockaddr*>(&a), &len);
-    return ntohs(a.sin_port);
 }
 
 void report(const char* name, std::vector<double> v) {

@@ -4,6 +4,7 @@
 //  2. the cost of a keystroke in the callsign box, as felt (the key waits behind whatever the
 //     event loop is doing), alone and while the computer receives 20 events a second.
 // Prints figures only. QSOS=N changes the 2,000.
+#include "../tests/support/freeport.h"
 #include "benchutil.h"
 #include "data/databases.h"
 #include "data/db.h"
@@ -33,17 +34,7 @@ using namespace hfc::bench;
 
 namespace {
 
-quint16 freePort() {
-    const int s = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in a{};
-    a.sin_family = AF_INET;
-    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t len = sizeof a;
-    ::bind(s, reinterpret_cast<sockaddr*>(&a), sizeof a);
-    ::getsockname(s, reinterpret_cast<sockaddr*>(&a), &len);
-    ::close(s);
-    return ntohs(a.sin_port);
-}
+using hfc::test::freePort;
 
 struct Broker {
     QTemporaryDir dir;

@@ -1,6 +1,7 @@
 // The keying devices against the real programs of a station: cwdaemon (null device, no sound),
 // Hamlib's rigctld with its dummy radio, and the Winkeyer host protocol through a socat pty pair
 // (a check of the bytes on the line, not a claim about a device).
+#include "../support/freeport.h"
 #include "formfixture.h"
 #include "keyer/cwdaemonkeyer.h"
 #include "keyer/deviceio.h"
@@ -31,19 +32,9 @@ using SteadyClock = std::chrono::steady_clock;
 
 namespace {
 
-constexpr qint64 kUnit25Wpm = 160000; // 48 ms: 1.2 s / 25
+using hfc::test::freePort;
 
-// A port nobody listens on right now.
-quint16 freePort(int type) {
-    Fd fd(::socket(AF_INET, type, 0));
-    sockaddr_in a{};
-    a.sin_family = AF_INET;
-    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ::bind(fd.get(), reinterpret_cast<sockaddr*>(&a), sizeof a);
-    socklen_t len = sizeof a;
-    ::getsockname(fd.get(), reinterpret_cast<sockaddr*>(&a), &len);
-    return ntohs(a.sin_port);
-}
+constexpr qint64 kUnit25Wpm = 160000; // 48 ms: 1.2 s / 25
 
 // A program of the station's, stopped when the test ends.
 struct Daemon {

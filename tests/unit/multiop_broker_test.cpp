@@ -2,6 +2,7 @@
 // config file, and several hfcontest-script processes, each on its own data folder with its own
 // settings. QSOs, edits and deletes cross over; a partition converges; a computer killed
 // between its commit and its publish still delivers; a late joiner gets the whole log.
+#include "../support/freeport.h"
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -18,17 +19,7 @@
 
 namespace {
 
-quint16 freePort() {
-    const int s = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in a{};
-    a.sin_family = AF_INET;
-    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t len = sizeof a;
-    ::bind(s, reinterpret_cast<sockaddr*>(&a), sizeof a);
-    ::getsockname(s, reinterpret_cast<sockaddr*>(&a), &len);
-    ::close(s);
-    return ntohs(a.sin_port);
-}
+using hfc::test::freePort;
 
 bool accepting(quint16 port) {
     const int s = ::socket(AF_INET, SOCK_STREAM, 0);
