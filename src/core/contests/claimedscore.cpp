@@ -113,9 +113,18 @@ const ContestScoring* scoringFor(const QString& code) {
     return nullptr;
 }
 
+// Whether pref is one of the blank-separated list; read in place, as it runs for every QSO of
+// a count.
 bool inList(const QString& pref, const char* list) {
     if (!list || pref.isEmpty()) return false;
-    return QString::fromLatin1(list).split(QLatin1Char(' ')).contains(pref);
+    const QLatin1String all(list);
+    for (qsizetype start = 0; start <= all.size();) {
+        qsizetype end = all.indexOf(QLatin1Char(' '), start);
+        if (end < 0) end = all.size();
+        if (pref == all.sliced(start, end - start)) return true;
+        start = end + 1;
+    }
+    return false;
 }
 
 bool allDigits(const QString& s) {
@@ -248,10 +257,10 @@ qint64 sponsorPoints(const QString& contest, const ScoreRow& r, const ScoreStati
 } // namespace
 
 ClaimedTally::ClaimedTally(const QString& contest, const ScoreStation& station)
-    : contest_(contest), station_(station) {}
+    : contest_(contest), station_(station), scoring_(scoringFor(contest)) {}
 
 void ClaimedTally::add(const ScoreRow& row) {
-    const ContestScoring* s = scoringFor(contest_);
+    const auto* s = static_cast<const ContestScoring*>(scoring_);
     if (!s || row.mode == QLatin1String("DUPE") || row.call.isEmpty() ||
         row.call == QLatin1String("\""))
         return;
@@ -280,7 +289,7 @@ ClaimedScore ClaimedTally::result() const {
     r.qsos = qsos_;
     r.points = points_;
     r.mults = mults_.size();
-    const ContestScoring* s = scoringFor(contest_);
+    const auto* s = static_cast<const ContestScoring*>(scoring_);
     const Formula f = s ? s->formula : Formula::Sum;
     switch (f) {
     case Formula::Product:

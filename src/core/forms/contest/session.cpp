@@ -91,9 +91,11 @@ bool ContestForm::recomputeOwnPoints() {
                        "FROM tbllog WHERE ps2 = ?1 AND ccall <> ?2"),
         {contestcode, kPlaceholderCall});
     std::vector<std::pair<QString, QString>> changed; // rowid, points
+    ResolvedCalls calls;
+    calls.prepare(*env().db, rows.size());
     for (const QStringList& r : rows) {
         if (r[3] == QLatin1String("DUPE")) continue;
-        const ResolvedCall c = hfc::resolveCall(*env().db, contestcode, r[1]);
+        const ResolvedCall& c = calls.resolve(*env().db, contestcode, r[1]);
         QsoFacts q;
         q.contest = contestcode;
         q.band = r[2];
@@ -148,8 +150,6 @@ void ContestForm::showClaimedScore() {
             fresh = true;
     }
     if (fresh) {
-        // CQ-M resolves Russian calls to its own areas: another contest, other answers
-        if (c.contest != contestcode) c.resolved.clear();
         c.contest = contestcode;
         c.owncall = owncall;
         c.lastRowid = 0;
