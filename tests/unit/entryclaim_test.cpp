@@ -87,7 +87,7 @@ TEST_F(EntryClaim, OrganisingCountries) {
         {"RA3AA", "LZ1AA", "14", nullptr, "10"},
         {"RA3AA", "DL1ABC", "14"},
         {"mnukcj EU"},
-        {"RA3AA", "JA1XYZ", "14", "TK"},
+        {"RA3AA", "JA1XYZ", "14", "TK", "2"},
     });
 }
 

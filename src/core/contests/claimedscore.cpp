@@ -247,9 +247,8 @@ qint64 sponsorPoints(const QString& contest, const ScoreRow& r, const ScoreStati
         return r.kont == QLatin1String("NA") ? 2 : 1;
     }
     if (contest == QLatin1String("kcj")) {
-        // KCJ: one point for a QSO with Japan; the entry line keeps its continent figure for
-        // the others, which the sponsor does not count
-        return r.pref == QLatin1String("JA") ? 1 : 0;
+        // KCJ (2022): Japan 2, others 1
+        return r.pref == QLatin1String("JA") ? 2 : 1;
     }
     if (contest == QLatin1String("lzd")) {
         // LZ DX: Bulgaria 10, other continents 3, own continent (own country too) 1
