@@ -5,7 +5,7 @@
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
+#include "exportcommand.h"
 #include "script/scriptedui.h"
 
 #include <QCryptographicHash>

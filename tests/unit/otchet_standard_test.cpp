@@ -3,7 +3,7 @@
 // list shows what a robot would flag without stopping the writing.
 #include "formfixture.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
+#include "exportcommand.h"
 #include "reports/standard/adif3.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/standard/lint.h"
