@@ -3,6 +3,7 @@
 #include "country/russia.h"
 #include "data/databases.h"
 #include "data/schema.h"
+#include "log/logstore.h"
 
 #include <QStringList>
 
@@ -79,12 +80,7 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest, const
 std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest, qint64 afterRowid,
                                           qint64* lastRowid, ResolvedCalls* cache) {
     std::vector<contests::ScoreRow> out;
-    // By rowid, not by the contest's index: after each QSO only the rows past the last one seen
-    // are read, whatever the size of the log.
-    const Rows rows = db.contest.query(
-        QStringLiteral("SELECT rowid, ccall, bband, ps1, rstr1, rstr2, PRF, mult, point, point2 "
-                       "FROM tbllog WHERE +ps2 = ?1 AND rowid > ?2 AND ccall <> ?3 ORDER BY rowid"),
-        {contest, QString::number(afterRowid), kPlaceholderCall});
+    const Rows rows = LogStore(db.contest).scoreRows(contest, afterRowid);
     ResolvedCalls local;
     ResolvedCalls& seen = cache ? *cache : local;
     out.reserve(rows.size());
@@ -111,10 +107,7 @@ std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,
 }
 
 qint64 qtcCount(Databases& db) {
-    // the QTC frame leaves ps1 empty; rows with a mode there are copies of log rows
-    return db.contest
-        .scalar(QStringLiteral("SELECT count(*) FROM tbllogTemp WHERE ifnull(ps1, '') = ''"))
-        .toLongLong();
+    return LogStore(db.contest).qtcCount();
 }
 
 contests::ClaimedScore claimedScoreOfLog(Databases& db, const QString& contest,
