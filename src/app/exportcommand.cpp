@@ -7,6 +7,7 @@
 #include "forms/clock.h"
 #include "forms/otchet/cabrillo3boxes.h"
 #include "forms/otchet/otchetform.h"
+#include "log/logstore.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -27,7 +28,7 @@ QString storedContestCode(Db& contest) {
     const QString kept = loadSession(contest).contest;
     if (contests::find(kept)) return kept;
     try {
-        const QString title = contest.scalar(QStringLiteral("SELECT contest FROM tbltit LIMIT 1"));
+        const QString title = LogStore(contest).stationTitle();
         for (const contests::ContestDef& c : contests::catalogue())
             if (title == QString::fromUtf8(c.title)) return QString::fromUtf8(c.code);
     } catch (const DbError&) {

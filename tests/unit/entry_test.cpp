@@ -149,16 +149,6 @@ TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {
     EXPECT_EQ(mark(), "Повтор");
 }
 
-TEST_F(EntryTest, ChempCountsTheSameCallOnAnyBand) {
-    form->contestcode = "chemp";
-    addRow("UA3ABC", "7", "chemp", {}, {}, {}, "10:15");
-    at("12:05");
-    typeCall("UA3AB");
-    EXPECT_FALSE(marked()); // exact calls only
-    form->typeText("C");
-    EXPECT_EQ(mark(), "Повтор");
-}
-
 TEST_F(EntryTest, ChempAndEsAllowOneQsoPerBandAndClockHour) {
     for (const char* code : {"chemp", "ES"}) {
         form->contestcode = code;
@@ -177,30 +167,6 @@ TEST_F(EntryTest, ChempAndEsAllowOneQsoPerBandAndClockHour) {
     form->cmbband_Click(2);
     at("12:30");
     typeCall("ES1AA");
-    EXPECT_FALSE(marked());
-}
-
-TEST_F(EntryTest, LzoWantsThirtyMinutesOnAnyBand) {
-    form->contestcode = "lzo";
-    addRow("LZ1AA", "7", "lzo", {}, {}, {}, "12:00");
-    at("12:29");
-    typeCall("LZ1AA");
-    EXPECT_EQ(mark(), "Рано");
-    EXPECT_EQ(text("txtpoint"), "0");
-    at("12:30");
-    typeCall("LZ1AA");
-    EXPECT_FALSE(marked());
-    // a longer call that begins with it is another station
-    typeCall("LZ1A");
-    EXPECT_FALSE(marked());
-    // no wrap at midnight: 00:10 after 23:50 is too early
-    addRow("LZ2BB", "14", "lzo", {}, {}, {}, "23:50");
-    at("00:10");
-    typeCall("LZ2BB");
-    EXPECT_EQ(mark(), "Рано");
-    // lzo has no plain repeat mark
-    at("12:45");
-    typeCall("LZ1AA");
     EXPECT_FALSE(marked());
 }
 

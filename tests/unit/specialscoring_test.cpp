@@ -1,6 +1,7 @@
 // RAEM distance scoring and the SAC area multiplier.
 #include "contests/scoring.h"
 #include "formfixture.h"
+#include "forms/contest/entrymark.h"
 
 using namespace hfc;
 using hfc::test::FormFixture;
@@ -17,7 +18,7 @@ struct RaemTest : FormFixture {
                                       bool repeat = false) {
         form->txtrstr->setText(rx);
         form->txtcall->setText(call);
-        form->txtrepit->setVisible(repeat);
+        showMark(*form, repeat ? QsoDraft::Mark::Repeat : QsoDraft::Mark::None);
         form->txtpoint->setText("kept");
         form->txtpoint2->setText("kept");
         form->call("raemscore", {});

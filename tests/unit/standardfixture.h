@@ -1,6 +1,6 @@
 #pragma once
 // The logbook and QTC table of the standard-export tests, read from tests/data/standard.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 #include "testfiles.h"
 
 #include <QFile>

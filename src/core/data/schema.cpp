@@ -1,17 +1,25 @@
 #include "data/schema.h"
 
+#include "log/logcolumns.h"
+
 namespace hfc {
 
 const QStringList& logColumns() {
-    static const QStringList cols = {"ccall",  "ddate", "ttime", "bband", "mode", "rsts", "rstr",
-                                     "rsts1",  "rsts2", "rstr1", "rstr2", "mult", "ps",   "point",
-                                     "point2", "contr", "PRF",   "QTH",   "ps1",  "ps2",  "freq"};
+    static const QStringList cols = [] {
+        QStringList names;
+        for (const LogColumn& c : logRowColumns()) names << c.name;
+        return names;
+    }();
     return cols;
 }
 
-// freq: the radio's frequency in kHz ("21025.0"), empty when no radio was read.
 const QStringList& logAddedColumns() {
-    static const QStringList cols = {"freq"};
+    static const QStringList cols = [] {
+        QStringList names;
+        for (const LogColumn& c : logRowColumns())
+            if (c.added) names << c.name;
+        return names;
+    }();
     return cols;
 }
 
@@ -65,7 +73,11 @@ const std::vector<DbFileDef>& databaseFiles() {
 
 QString createTableSql(const TableDef& t) {
     QStringList cols;
-    for (const QString& c : t.columns) cols << c + QStringLiteral(" TEXT");
+    const bool logTable = t.columns == logColumns();
+    for (const QString& c : t.columns) {
+        const LogColumn* lc = logTable ? logColumnNamed(c) : nullptr;
+        cols << c + QLatin1Char(' ') + (lc ? lc->sqlType : QStringLiteral("TEXT"));
+    }
     return QStringLiteral("CREATE TABLE %1 (%2)").arg(t.name, cols.join(QStringLiteral(", ")));
 }
 

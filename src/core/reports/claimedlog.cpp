@@ -4,6 +4,7 @@
 #include "country/russia.h"
 #include "data/databases.h"
 #include "data/schema.h"
+#include "log/logstore.h"
 
 #include <sqlite3.h>
 
@@ -165,28 +166,20 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest, const
 std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest, qint64 afterRowid,
                                           qint64* lastRowid, ResolvedCalls* cache) {
     std::vector<contests::ScoreRow> out;
-    // By rowid, not by the contest's index: after each QSO only the rows past the last one seen
-    // are read, whatever the size of the log.
-    Stmt& st = db.contest.prepared(
-        QStringLiteral("SELECT rowid, ccall, bband, ps1, rstr1, rstr2, PRF, mult, point, point2 "
-                       "FROM tbllog WHERE +ps2 = ?1 AND rowid > ?2 AND ccall <> ?3 ORDER BY rowid"),
-        {contest, QString::number(afterRowid), kPlaceholderCall});
-    // Read straight into the rows the tally takes: a count of the whole log reads every row.
-    while (st.step()) {
+    LogStore(db.contest).forEachScoreRow(contest, afterRowid, [&](LogStore::ScoreFields& r) {
         contests::ScoreRow s;
-        s.call = st.text(1);
-        s.band = st.text(2);
-        s.mode = st.text(3);
-        s.report = st.text(4);
-        s.exchange = st.text(5);
-        s.prefix = st.text(6);
-        s.mult = st.text(7);
-        s.points = st.text(8).toLongLong();
-        s.points2 = st.text(9).toLongLong();
+        s.call = std::move(r.call);
+        s.band = std::move(r.band);
+        s.mode = std::move(r.mode);
+        s.report = std::move(r.report);
+        s.exchange = std::move(r.exchange);
+        s.prefix = std::move(r.prefix);
+        s.mult = std::move(r.mult);
+        s.points = r.points;
+        s.points2 = r.points2;
         out.push_back(std::move(s));
-        if (lastRowid) *lastRowid = std::max(*lastRowid, st.text(0).toLongLong());
-    }
-    st.reset();
+        if (lastRowid) *lastRowid = std::max(*lastRowid, r.rowid);
+    });
     ResolvedCalls local;
     ResolvedCalls& seen = cache ? *cache : local;
     seen.prepare(db, out.size());
@@ -200,10 +193,7 @@ std::vector<contests::ScoreRow> scoreRows(Databases& db, const QString& contest,
 }
 
 qint64 qtcCount(Databases& db) {
-    // the QTC frame leaves ps1 empty; rows with a mode there are copies of log rows
-    return db.contest
-        .scalar(QStringLiteral("SELECT count(*) FROM tbllogTemp WHERE ifnull(ps1, '') = ''"))
-        .toLongLong();
+    return LogStore(db.contest).qtcCount();
 }
 
 contests::ClaimedScore claimedScoreOfLog(Databases& db, const QString& contest,

@@ -1,7 +1,7 @@
 #pragma once
 // The contest hour by hour: QSOs per clock hour and band, the figures of the rate chart and of
 // the band-by-hour table of the report window.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #pragma once
 // The operator's check of the contest log before sending it: the repeats among its QSOs. The
 // format checks of the standard exports (lint.h) and the exchange checks come beside it.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 
 #include <QList>
 #include <QStringList>

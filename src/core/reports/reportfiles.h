@@ -1,7 +1,7 @@
 #pragma once
 // What the report writers need from outside: the log in report order and a safe way to put
 // a finished file on disk.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 
 #include <QByteArray>
 #include <QList>
@@ -11,10 +11,8 @@ namespace hfc {
 
 class Db;
 
-// The SQL every report reads the log with: by date value, then time text, then sent exchange.
-extern const char* const kReportOrderSql;
-
-// Every tbllog row in report order; NULL fields come back empty. Throws DbError.
+// Every tbllog row in report order (by date value, then time text, then sent exchange); NULL fields
+// come back empty. Throws DbError.
 QList<LogRow> logInReportOrder(Db& contest);
 
 // Every tbllog row in the order the rows were entered (the checks before a standard export

@@ -2,7 +2,7 @@
 // The four report files of the report window, built in memory: whole files as Windows-1251
 // bytes with CR LF line ends. The caller supplies the rows in log order (date value, time text,
 // sent exchange text) and writes the bytes to the file it names.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 
 #include <QByteArray>
 #include <QList>

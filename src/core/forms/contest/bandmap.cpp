@@ -181,9 +181,7 @@ QString ContestForm::spotMark(const QString& call) {
     const WorkedKey key = workedKeyOf(*this);
     if (!(key == b.workedKey)) {
         b.workedKey = key;
-        const QStringList calls = logDb().column(
-            QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 AND bband = ?2"),
-            {contestcode, curband});
+        const QStringList calls = store().callsOnBand(contestcode, curband);
         b.workedCalls = QSet<QString>(calls.begin(), calls.end());
         b.workedMults = workedFirstMults();
         b.workedPs = workedSecondMults();

@@ -146,13 +146,9 @@ void ContestForm::refreshMultWindow() {
 void ContestForm::prefixlist() {
     QStringList worked;
     if (cmbwsego->text() == QStringLiteral("Всего"))
-        worked = logDb().column(QStringLiteral("SELECT DISTINCT ps FROM tbllog WHERE ps2 = ?1 "
-                                               "AND length(ps) > 0 ORDER BY ps"),
-                                {contestcode});
+        worked = store().secondMultsSorted(contestcode);
     else
-        worked = logDb().column(QStringLiteral("SELECT ps FROM tbllog WHERE ps2 = ?1 AND "
-                                               "bband = ?2 AND length(ps) > 0 ORDER BY ps"),
-                                {contestcode, curband});
+        worked = store().secondMultsSorted(contestcode, curband);
     if (mwidmode != 1) {
         // A fixed list of names: mark the worked ones.
         const QSet<QString> seen(worked.begin(), worked.end());

@@ -1,8 +1,11 @@
 // Committing the entry line to the log, and the log grid.
 #include "data/databases.h"
 #include "data/schema.h"
+#include "entry/entrysession.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "forms/contest/entrymark.h"
+#include "log/logcolumns.h"
 
 #include <sqlite3.h>
 
@@ -10,24 +13,10 @@ namespace hfc {
 
 namespace {
 
-// The fields behind the log grid's columns, in column order.
-const QStringList& grid3Fields() {
-    static const QStringList f = {"ccall", "rstr1",  "rstr2", "rsts1", "rsts2", "mult", "ps",
-                                  "point", "point2", "bband", "ttime", "ddate", "mode"};
-    return f;
-}
-
 // Rows changed on the log's connection so far: a change the grid did not make itself (a
 // clearing, a transfer, a script's SQL) shows as a difference.
 qint64 changesOf(Db& db) {
     return sqlite3_total_changes64(db.handle());
-}
-
-const QString& grid3Select() {
-    static const QString sql = QStringLiteral("SELECT rowid, ") +
-                               grid3Fields().join(QStringLiteral(", ")) +
-                               QStringLiteral(" FROM tbllog");
-    return sql;
 }
 
 } // namespace
@@ -63,28 +52,31 @@ void ContestForm::cmbAdd_Click() {
 bool ContestForm::wwodadd() {
     if (txtcall->text().isEmpty()) return true;
 
-    const QString mode = cmbmod->text();
-    QString ps1 = mode;
-    // A repeat is logged with no multiplier and no points; the boxes show so once it is stored.
-    const bool dupe = txtrepit->visible() && txtrepit->text() == QStringLiteral("Повтор");
-    if (dupe) ps1 = QStringLiteral("DUPE");
-    const QString none, zero = QStringLiteral("0");
-    const QString rst = mode == QLatin1String("SSB") ? QStringLiteral("59") : QStringLiteral("599");
+    // What the boxes hold that the session does not compute yet; the mark is the session's.
+    QsoDraft& d = session().draft();
+    d.call = txtcall->text();
+    d.band = curband;
+    d.mode = cmbmod->text();
+    d.date = txtdate->text();
+    d.time = txttime->text();
+    d.rcvdReport = lblrstr->text();
+    d.rcvdExchange = txtrstr->text();
+    d.sentReport = lblrsts->text();
+    d.sentExchange = txtrsts->text();
+    d.mult = txtmult->text();
+    d.mult2 = txtmult2->text();
+    d.points = txtpoint->text();
+    d.points2 = txtpoint2->text();
+    d.country = callstrana;
+    d.prefix = callprf;
+    d.freq = qsoFreq();
 
     // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
     // Nothing of the entry line or the rate counters changes before it has succeeded: a refused
     // write (a full disk, a read-only or damaged file) leaves the QSO as typed, to log again.
-    Db& db = logDb();
+    qint64 rowid = 0;
     try {
-        db.run(QStringLiteral("INSERT INTO tbllog (point, point2, ps2, ccall, ddate, bband, rsts, "
-                              "rstr, ps1, ttime, rstr1, rstr2, rsts1, rsts2, mult, ps, contr, "
-                              "PRF, freq) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, "
-                              "?12, ?13, ?14, ?15, ?16, ?17, ?18, ?19)"),
-               {dupe ? zero : txtpoint->text(), dupe ? zero : txtpoint2->text(), contestcode,
-                txtcall->text(), txtdate->text(), curband, rst, rst, ps1, txttime->text().left(5),
-                lblrstr->text(), txtrstr->text(), lblrsts->text(), txtrsts->text(),
-                dupe ? none : txtmult->text(), dupe ? none : txtmult2->text(), callstrana, callprf,
-                qsoFreq()});
+        rowid = session().commit();
     } catch (const DbError& e) {
         msgbox(QStringLiteral("QSO с %1 НЕ записано в журнал: %2.\nСтрока ввода оставлена как "
                               "была; устраните причину и нажмите Enter ещё раз.")
@@ -92,13 +84,11 @@ bool ContestForm::wwodadd() {
                QStringLiteral("Ошибка записи"));
         return false;
     }
-    const qint64 rowid = sqlite3_last_insert_rowid(db.handle());
-    if (dupe) {
-        txtmult->setText(none);
-        txtmult2->setText(none);
-        txtpoint->setText(zero);
-        txtpoint2->setText(zero);
-    }
+    // A repeat is stored with no multiplier and no points; the boxes show what was stored.
+    txtmult->setText(d.mult);
+    txtmult2->setText(d.mult2);
+    txtpoint->setText(d.points);
+    txtpoint2->setText(d.points2);
     const QDateTime now = env().clock->localNow();
     if (qsorun == 0) firstqso = now;
     if (firstAfterBandChange) {
@@ -129,12 +119,12 @@ bool ContestForm::wwodadd() {
     kodsrr.clear();
     txtstran5->setText(QString());
     ++qsorun;
-    txtrepit->setVisible(false);
+    session().next();
+    showMark(*this, QsoDraft::Mark::None);
     if (contestDef().reportTyped) lblrstr->setText(QString());
     DBList1->setItems({});
     DBList1->setText(QString());
     DBGrid1->setRows({});
-    timelist.clear();
 
     if (List1->visible()) fillList1();
     showRates();
@@ -146,20 +136,15 @@ bool ContestForm::wwodadd() {
 void ContestForm::refreshLogGrid() {
     grid3contest = contestcode;
     grid3rowids.clear();
-    Stmt& s = logDb().prepared(
-        QStringLiteral("SELECT rowid FROM tbllog WHERE ps2 = ?1 ORDER BY rowid"), {contestcode});
-    while (s.step()) grid3rowids.push_back(s.text(0).toLongLong());
-    s.reset();
+    grid3rowids = store().rowids(contestcode);
     DBGrid3->setRowSource(grid3rowids.size(), [this](size_t i) { return logGridRow(i); });
     grid3changes = changesOf(logDb());
 }
 
 QStringList ContestForm::logGridRow(size_t i) {
     if (i < grid3rowids.size()) {
-        const Rows r = logDb().query(grid3Select() + QStringLiteral(" WHERE rowid = ?1"),
-                                     {QString::number(grid3rowids[i])});
-        if (!r.empty()) {
-            QStringList fields = r[0].mid(1);
+        QStringList fields = store().fields(grid3rowids[i], logGridColumns());
+        if (!fields.isEmpty()) {
             if (multiop()) fields << originOf(grid3rowids[i]);
             return fields;
         }
@@ -186,7 +171,7 @@ void ContestForm::appendLogGridRow(qint64 rowid) {
 
 void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& value) {
     if (row < 0 || size_t(row) >= grid3rowids.size()) return;
-    const QStringList& fields = grid3Fields();
+    const QStringList& fields = logGridColumns();
     QString field;
     bool isNumber = false;
     const int at = column.toInt(&isNumber);
@@ -200,13 +185,10 @@ void ContestForm::DBGrid3_Edit(int row, const QString& column, const QString& va
     }
     if (field.isEmpty()) return;
     const QString upper = value.toUpper();
-    const QString rowid = QString::number(grid3rowids[row]);
-    QStringList bands{
-        logDb().scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {rowid})};
+    const qint64 rowid = grid3rowids[size_t(row)];
+    QStringList bands{store().bandOf(rowid)};
     if (field == QLatin1String("bband")) bands << upper;
-    // The field name comes from the fixed list above, never from the caller's text.
-    logDb().run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(field),
-                {upper, rowid});
+    store().setField(rowid, field, upper);
     tally().touched(bands);
     DBGrid3->sourcedRowsChanged();
     grid3changes = changesOf(logDb());

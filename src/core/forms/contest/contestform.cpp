@@ -5,6 +5,7 @@
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "log/band.h"
+#include "log/logcolumns.h"
 #include "station/multiop.h"
 
 namespace hfc {
@@ -40,6 +41,11 @@ ContestForm::ContestForm(const Env& env, QObject* parent)
 
 Db& ContestForm::logDb() {
     return env().db->contest;
+}
+
+LogStore& ContestForm::store() {
+    if (!store_) store_ = std::make_unique<LogStore>(logDb());
+    return *store_;
 }
 
 QStringList ContestForm::contestMenuItems() const {
@@ -112,8 +118,7 @@ void ContestForm::createControls() {
     DBGrid1 = add("DBGrid1", K::Grid);
     DBGrid3 = add("DBGrid3", K::Grid);
     DBGrid3->setExtra("editable", "1"); // the log is mended in place, cell by cell
-    DBGrid3->setColumns({"Позывной", "RST принят", "Принят", "RST передан", "Передан", "Множ.",
-                         "Множ. 2", "Очки", "Очки 2", "Диапазон", "Время", "Дата", "Вид"});
+    DBGrid3->setColumns(logHeadings(logGridColumns()));
     List1 = add("List1", K::List);
     List1->setVisible(false);
 
@@ -262,10 +267,9 @@ void ContestForm::Form_Load() {
     qsotot->setText("0");
     multtot->setText("0");
     multtot1->setText("0");
-    const auto tit = logDb().query(QStringLiteral("SELECT ccall, contest FROM tbltit LIMIT 1"));
-    if (!tit.empty()) {
-        if (!tit[0][0].isEmpty()) TXTNCALL->setText(tit[0][0]);
-        tcont->setText(tit[0][1]);
+    if (const auto tit = store().stationCallAndTitle()) {
+        if (!tit->first.isEmpty()) TXTNCALL->setText(tit->first);
+        tcont->setText(tit->second);
     }
     resolveOwnCall();
     restoreSession();
@@ -366,7 +370,7 @@ void ContestForm::TXTNCALL_KeyPress(Event& e) {
 }
 
 void ContestForm::saveOwnCall() {
-    logDb().run(QStringLiteral("UPDATE tbltit SET ccall = ?1"), {TXTNCALL->text()});
+    store().setStationCall(TXTNCALL->text());
     owntail.clear(); // the caller resolves the own station from the call as typed
 }
 

@@ -22,10 +22,11 @@
 //   logcheck.cpp      the log check of the "Сервис" menu
 //   scp.cpp           super check partial, one-off calls, call history
 #include "contests/contestdef.h"
-#include "data/logtally.h"
-#include "data/workedcalls.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
+#include "log/logstore.h"
+#include "log/logtally.h"
+#include "log/workedcalls.h"
 #include "station/callhistory.h"
 #include "station/scp.h"
 
@@ -45,6 +46,7 @@ class BandmapLink;
 class MultiOp;
 class Rig;
 class Ft1000mpLine;
+class EntrySession;
 struct RigReading;
 
 class ContestForm : public Form {
@@ -54,7 +56,9 @@ class ContestForm : public Form {
     ~ContestForm() override;
 
     Form* subForm(const QString& name) override;
-    Db& logDb(); // dbcontest
+    Db& logDb();             // dbcontest
+    LogStore& store();       // every question and write on the log
+    EntrySession& session(); // the QSO being entered
     // The contest menu items in menu order (the first 33 under "Соревнования", the rest under
     // "Далее"), as the catalogue created them.
     QStringList contestMenuItems() const;
@@ -181,7 +185,7 @@ class ContestForm : public Form {
     void mnumzone_Click();
     void multwid_Click();
     void fillList1();
-    QString firstMultScope(QStringList& params) const;
+    LogStore::Scope firstMultScope() const;
     // What a QSO on the current band would find worked already: the first multipliers in
     // multcheck's scope, the second ones as pscheck counts them.
     QSet<QString> workedFirstMults();
@@ -230,7 +234,6 @@ class ContestForm : public Form {
     void leaveCall(); // Enter or Space in the call box: on to the exchange
     void wipeEntry(); // Alt+W, Ctrl+W: the entry line afresh, nothing logged
     void showEarlierQsos(const QString& call);
-    std::vector<QStringList> timelist; // ccall, ttime of the time list (lzo, raem, chemp, ES)
     // exchange.cpp
     void wwodrstr();
     void txtrstr_KeyPress(Event& e);
@@ -430,11 +433,12 @@ class ContestForm : public Form {
     void showKeyerSpeed();
     void showPorts();
     QHash<QString, Form*> subForms_;
-    std::unique_ptr<LogTally> tally_; // recount.cpp
+    std::unique_ptr<LogStore> store_;
+    std::shared_ptr<EntrySession> session_; // entry.cpp; shared: the type is complete there only
+    std::unique_ptr<MultiOp> multiop_;      // station.cpp
     // selection.cpp: the definition of the code last asked for, found again when it changes
     mutable QString defCode_;
     mutable const contests::ContestDef* def_ = nullptr;
-    std::unique_ptr<MultiOp> multiop_; // station.cpp
     // rig.cpp
     Rig* rig_ = nullptr;                   // owned (a child), created for the first radio
     std::shared_ptr<Ft1000mpLine> ftLine_; // the FT-1000MP's serial line, when set up
@@ -443,7 +447,6 @@ class ContestForm : public Form {
     int rigBand_ = -1;                     // the band of the last reading; -1: outside
     QString rigMode_;                      // the mode of the last reading
     std::array<double, 7> bandHz_{};       // the last frequency heard on each band
-    WorkedCalls worked_;                   // scp.cpp
 };
 
 } // namespace hfc

@@ -1,6 +1,8 @@
 // The callsign box: key filter, partial-call and time lists, repeat rules.
 #include "data/databases.h"
+#include "entry/entrysession.h"
 #include "forms/contest/contestform.h"
+#include "forms/contest/entrymark.h"
 #include "text/keyfilter.h"
 
 namespace hfc {
@@ -14,15 +16,6 @@ void ContestForm::registerEntry() {
     proc("DBList1_Click", [this] { DBList1_Click(); });
     proc("wipeEntry", [this] { wipeEntry(); });
 }
-
-namespace {
-
-// Minutes since midnight of "hh:mm…".
-int minutesOf(const QString& t) {
-    return int(val(t.left(2))) * 60 + int(val(t.mid(3, 2)));
-}
-
-} // namespace
 
 void ContestForm::txtcall_KeyPress(Event& e) {
     if (curband.isEmpty()) setFocus(QStringLiteral("cmbband"));
@@ -69,7 +62,8 @@ void ContestForm::leaveCall() {
 void ContestForm::wipeEntry() {
     for (Control* box : {txtcall, txtrstr, txtmult, txtmult2, txtpoint, txtpoint2, txtstran5})
         box->setText(QString());
-    txtrepit->setVisible(false);
+    session().next();
+    showMark(*this, QsoDraft::Mark::None);
     multcand.clear();
     pscand.clear();
     callitu.clear();
@@ -77,7 +71,6 @@ void ContestForm::wipeEntry() {
     callstrana.clear();
     kodsrr.clear();
     confirmedBad.clear();
-    timelist.clear();
     DBList1->setItems({});
     DBList1->setText(QString());
     DBGrid1->setRows({});
@@ -110,72 +103,45 @@ void ContestForm::txtcall_GotFocus() {
     }
 }
 
+EntrySession& ContestForm::session() {
+    if (!session_) session_ = std::make_shared<EntrySession>(store());
+    // The contest changes through the menu at any time; the rules follow it.
+    if (session_->contest() != contestcode)
+        session_->setContest(contestcode, entryRulesFor(contestcode));
+    return *session_;
+}
+
+void showMark(ContestForm& f, QsoDraft::Mark mark) {
+    f.session().draft().mark = mark;
+    Control* txtrepit = f.txtrepit;
+    switch (mark) {
+    case QsoDraft::Mark::None:
+        txtrepit->setVisible(false);
+        return;
+    case QsoDraft::Mark::Repeat:
+        txtrepit->setText(QStringLiteral("Повтор"));
+        break;
+    case QsoDraft::Mark::TooEarly:
+        txtrepit->setText(QStringLiteral("Рано"));
+        break;
+    case QsoDraft::Mark::Invalid:
+        txtrepit->setText(QStringLiteral("Неверно"));
+        break;
+    }
+    txtrepit->setVisible(true);
+}
+
 void ContestForm::WWOD() {
     const QString call = txtcall->text();
-    timelist.clear();
-    if (call.isEmpty()) {
-        // An empty box lists nothing: the whole band's log is in the log grid already.
-        DBList1->setItems({});
-        DBList1->setText(QString());
-        return;
-    }
-    // "Begins with" as an index range: [call, call + U+FFFF). A GLOB with a bound pattern would
-    // make SQLite re-prepare the statement on every keystroke.
-    const QString end = call + QChar(0xFFFF);
-    Db& db = logDb();
-    QStringList calls;
-    const contests::ContestDef& def = contestDef();
-    switch (def.partial) {
-    case contests::PartialList::ExactCall:
-        calls = db.column(QStringLiteral("SELECT ccall FROM tbllog WHERE ps2 = ?1 AND ccall = ?2 "
-                                         "ORDER BY rowid"),
-                          {contestcode, call});
-        break;
-    case contests::PartialList::DefaultReport:
-        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
-                                         "AND ccall >= ?2 AND ccall < ?3 AND rstr = ?4 "
-                                         "ORDER BY ccall"),
-                          {contestcode, call, end, rstdef});
-        break;
-    case contests::PartialList::BandAndReport:
-        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
-                                         "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
-                                         "AND rstr = ?5 ORDER BY ccall"),
-                          {contestcode, curband, call, end, lblrstr->text()});
-        break;
-    case contests::PartialList::Band:
-        calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
-                                         "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
-                                         "ORDER BY ccall"),
-                          {contestcode, curband, call, end});
-        break;
-    }
-    // The list's current entry is its first row, as after a re-read.
-    DBList1->setText(calls.value(0));
-    DBList1->setItems(calls);
-
-    if (def.time == contests::TimeRule::None) return;
-    if (def.timeListPerBand()) {
-        timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
-                                           "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
-                                           "ORDER BY ccall, ttime"),
-                            {contestcode, curband, call, end});
-    } else {
-        timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
-                                           "AND ccall >= ?2 AND ccall < ?3 ORDER BY ccall, ttime"),
-                            {contestcode, call, end});
-    }
+    QsoDraft& d = session().draft();
+    d.band = curband;
+    d.rcvdReport = lblrstr->text();
+    session().callChanged(call, rstdef);
+    // The list's current entry is its first row, as after a re-read; an empty box lists nothing:
+    // the whole band's log is in the log grid already.
+    DBList1->setText(d.partial.value(0));
+    DBList1->setItems(d.partial);
 }
-
-namespace {
-Rows earlierQsos(Db& db, const QString& contest, const QString& call) {
-    if (call.isEmpty()) return {};
-    return db.query(QStringLiteral("SELECT ccall, ddate, ttime, bband, rsts1, rsts2, rstr1, "
-                                   "rstr2, mult, ps, point, point2, ps1 FROM tbllog "
-                                   "WHERE ps2 = ?1 AND ccall = ?2 ORDER BY rowid"),
-                    {contest, call});
-}
-} // namespace
 
 void ContestForm::DBList1_Click() {
     showEarlierQsos(DBList1->text());
@@ -187,7 +153,7 @@ void ContestForm::showEarlierQsos(const QString& call) {
     static const QStringList columns = {"Позывной", "Дата",   "Время",    "Диапазон", "Передан",
                                         "Номер",    "Принят", "Обмен",    "Множ.",    "Множ. 2",
                                         "Очки",     "Очки 2", "Вид/Повт."};
-    DBGrid1->setTable(columns, earlierQsos(logDb(), contestcode, call));
+    DBGrid1->setTable(columns, store().earlierQsos(contestcode, call));
 }
 
 void ContestForm::wwodcall() {
@@ -196,9 +162,7 @@ void ContestForm::wwodcall() {
     WWOD();
     STRAN();
     // The typed call itself when it has been worked on any band, else the list's entry.
-    if (call.isEmpty() || !logDb().exists(QStringLiteral("SELECT 1 FROM tbllog WHERE ps2 = ?1 "
-                                                         "AND ccall = ?2 LIMIT 1"),
-                                          {contestcode, call}))
+    if (call.isEmpty() || !store().callWorked(contestcode, call))
         DBList1_Click();
     else
         showEarlierQsos(call);
@@ -210,7 +174,7 @@ void ContestForm::wwodcall() {
         txtmult->setText(QString());
         multcand.clear();
         pscand.clear();
-        txtrepit->setVisible(false);
+        showMark(*this, QsoDraft::Mark::None);
         return;
     }
 
@@ -242,42 +206,15 @@ void ContestForm::wwodcall() {
 }
 
 void ContestForm::applyRepeatRules() {
-    const QString call = txtcall->text();
-    const QString now = txttime->text();
-    bool early = false;
-    const bool firstIsCall = !timelist.empty() && timelist.front().value(0) == call;
-    const contests::ContestDef& def = contestDef();
-    if (def.time == contests::TimeRule::ThirtyMinutes) {
-        // The same station again only 30 minutes later, on any band; no wrap at midnight, so a
-        // QSO just after midnight counts as too early.
-        if (firstIsCall)
-            for (const QStringList& r : timelist)
-                if (r.value(0) == call && minutesOf(now) - minutesOf(r.value(1)) < 30) early = true;
-    } else if (def.time == contests::TimeRule::HourOnBand || def.time == contests::TimeRule::Hour) {
-        // One QSO per station and clock hour. Only rows of this very call count: a longer call
-        // that begins with it is another station.
-        if (firstIsCall)
-            for (const QStringList& r : timelist)
-                if (r.value(0) == call && r.value(1).left(2) == now.left(2)) early = true;
-    }
-    if (early) {
-        txtrepit->setText(QStringLiteral("Рано"));
-        txtrepit->setVisible(true);
-        txtpoint->setText(QStringLiteral("0"));
-        txtmult->setText(QString());
-        return;
-    }
-    txtrepit->setVisible(false);
-    // The plain repeat: the list's current entry is the call itself. A list of the exact call
-    // on every band makes any earlier QSO a repeat.
-    if (!def.repeatByList) return;
-    if (!call.isEmpty() && DBList1->text() == call) {
-        txtrepit->setText(QStringLiteral("Повтор"));
-        txtrepit->setVisible(true);
-        txtmult->setText(QString());
-        // The points the QSO will be stored with: a repeat counts nothing.
+    session().draft().time = txttime->text();
+    const QsoDraft::Mark m = session().markByRules();
+    showMark(*this, m);
+    if (m == QsoDraft::Mark::None) return;
+    // The points the QSO will be stored with: a repeat or a too-early QSO counts nothing.
+    txtmult->setText(QString());
+    txtpoint->setText(QStringLiteral("0"));
+    if (m == QsoDraft::Mark::Repeat) {
         txtmult2->setText(QString());
-        txtpoint->setText(QStringLiteral("0"));
         txtpoint2->setText(QStringLiteral("0"));
     }
 }

@@ -3,19 +3,12 @@
 #include "contests/claimedscore.h"
 #include "contests/exchangecheck.h"
 #include "data/databases.h"
+#include "entry/entrysession.h"
 #include "forms/contest/contestform.h"
+#include "forms/contest/entrymark.h"
 #include "text/keyfilter.h"
 
 namespace hfc {
-
-namespace {
-
-const QString& unacceptable() {
-    static const QString mark = QStringLiteral("Неверно");
-    return mark;
-}
-
-} // namespace
 
 void ContestForm::registerExchange() {
     proc("wwodrstr", [this] { wwodrstr(); });
@@ -65,10 +58,11 @@ bool ContestForm::oblastKnown(const QString& code) {
 
 bool ContestForm::checkExchange() {
     // A repeat or too-early QSO scores nothing anyway, and its mark must reach the commit.
-    if (txtrepit->visible() && txtrepit->text() != unacceptable()) return true;
+    const QsoDraft::Mark m = session().draft().mark;
+    if (m == QsoDraft::Mark::Repeat || m == QsoDraft::Mark::TooEarly) return true;
     // A second Enter on the unchanged exchange takes it as received.
-    if (txtrepit->visible() && txtrstr->text() == confirmedBad) {
-        txtrepit->setVisible(false);
+    if (m == QsoDraft::Mark::Invalid && txtrstr->text() == confirmedBad) {
+        showMark(*this, QsoDraft::Mark::None);
         confirmedBad.clear();
         return true;
     }
@@ -80,8 +74,7 @@ bool ContestForm::checkExchange() {
     q.exchange = txtrstr->text();
     if (exchangeAcceptable(q, [this](const QString& code) { return oblastKnown(code); }))
         return true;
-    txtrepit->setText(unacceptable());
-    txtrepit->setVisible(true);
+    showMark(*this, QsoDraft::Mark::Invalid);
     confirmedBad = txtrstr->text();
     return false;
 }
@@ -125,7 +118,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     qsopoints();
     scoringEntered = false;
     if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
-    if (txtrepit->visible()) txtpoint->setText(QStringLiteral("0"));
+    if (session().draft().mark != QsoDraft::Mark::None) txtpoint->setText(QStringLiteral("0"));
     // Before the commit, which clears the call and exchange the text may name.
     if (esmOn()) esmThanks();
     cmbAdd_Click();
@@ -133,7 +126,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
 
 void ContestForm::rearmCheck() {
     // Any edit of a refused exchange hides the mark: the next Enter checks again.
-    if (txtrepit->visible() && txtrepit->text() == unacceptable()) txtrepit->setVisible(false);
+    if (session().draft().mark == QsoDraft::Mark::Invalid) showMark(*this, QsoDraft::Mark::None);
     confirmedBad.clear();
 }
 

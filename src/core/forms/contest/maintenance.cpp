@@ -4,8 +4,10 @@
 #include "data/databases.h"
 #include "data/oemfile.h"
 #include "data/restore.h"
+#include "entry/entrysession.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "forms/contest/entrymark.h"
 #include "text/codepage.h"
 
 #include <QScopeGuard>
@@ -29,7 +31,7 @@ void ContestForm::cmbvur_Click() {
     // Whatever the answer: offer the clearing, empty the QTC table, start the entry afresh.
     if (!clearLog()) return;
     mnuQTC_Click();
-    txtrepit->setVisible(false);
+    showMark(*this, QsoDraft::Mark::None);
     recount();
     nextserial();
     showLogAsItIs();
@@ -53,8 +55,7 @@ bool ContestForm::transferLog() {
                                         "AND name = 'tbllog1' COLLATE NOCASE")))
         return fail(QStringLiteral("В журнале станции «%1» нет таблицы tbllog1.").arg(path));
     // Every contest's rows, ten columns of each; no check for rows transferred before.
-    const Rows rows = logDb().query(QStringLiteral(
-        "SELECT ccall, ddate, ttime, bband, rstr, rsts, contr, QTH, PRF, ps1 FROM tbllog"));
+    const Rows rows = store().iaruRows();
     try {
         dbs.iaru.begin();
         for (const QStringList& r : rows)
@@ -90,13 +91,11 @@ bool ContestForm::clearLog() {
         msgbox(QStringLiteral("Очистить Базу соревнований ?"), QStringLiteral("Удаление данных"),
                Ui::Buttons::YesNo) == Ui::Answer::Yes;
     // The QTC table is emptied even on No, so its rows need the backup as much as the log's.
-    const bool losesRows =
-        (yes && logDb().exists(QStringLiteral("SELECT 1 FROM tbllog LIMIT 1"))) ||
-        logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1"));
+    const bool losesRows = (yes && store().hasRows()) || store().hasQtcRows();
     if (losesRows && !backupLog()) return false;
     logBackedUp_ = true;
     const auto done = qScopeGuard([this] { logBackedUp_ = false; });
-    if (yes) logDb().exec(QStringLiteral("DELETE FROM tbllog"));
+    if (yes) store().clear();
     mnuQTC_Click();
     return true;
 }
@@ -127,7 +126,7 @@ void ContestForm::mnurestore_Click() {
     QString savedAs, error;
     const bool restored = dbs.restoreLog(backup, env().clock->localNow(), savedAs, error);
     // The log's connection was reopened: the totals and the grid are read from it anew.
-    tally_.reset();
+    store().forgetTally();
     refreshLogGrid();
     recount();
     nextserial();

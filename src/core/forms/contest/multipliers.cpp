@@ -1,6 +1,5 @@
 // Is this multiplier new? One query against the log, and the two views of worked multipliers.
 #include "contests/groups.h"
-#include "data/db.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
@@ -15,49 +14,39 @@ void ContestForm::registerMultipliers() {
     var("lastsql", lastsql);
 }
 
-// The log rows within the first multiplier's scope, as an SQL condition; its value, if any, is
-// appended to params and numbered after them.
-QString ContestForm::firstMultScope(QStringList& params) const {
+// Where the first multiplier counts once, for the log's questions.
+LogStore::Scope ContestForm::firstMultScope() const {
     switch (contests::multScope(contestcode)) {
     case contests::MultScope::Contest:
-        return {};
+        return {LogStore::Within::Contest, {}};
     case contests::MultScope::SentReport:
-        params << lblrsts->text();
-        return QStringLiteral(" AND rsts = ?%1").arg(params.size());
+        return {LogStore::Within::SentReport, lblrsts->text()};
     case contests::MultScope::Band:
         break;
     }
-    params << curband;
-    return QStringLiteral(" AND bband = ?%1").arg(params.size());
+    return {LogStore::Within::Band, curband};
 }
 
 void ContestForm::multcheck() {
-    QStringList params{multcand, contestcode};
-    lastsql = QStringLiteral("SELECT 1 FROM tbllog WHERE mult = ?1 AND ps2 = ?2") +
-              firstMultScope(params) + QStringLiteral(" LIMIT 1");
-    txtmult->setText(logDb().exists(lastsql, params) ? QString() : multcand);
+    const bool worked = store().firstMultWorked(contestcode, multcand, firstMultScope());
+    lastsql = store().lastSql();
+    txtmult->setText(worked ? QString() : multcand);
 }
 
 void ContestForm::pscheck() {
     // The second multiplier counts once per band in every contest.
-    lastsql =
-        QStringLiteral("SELECT 1 FROM tbllog WHERE ps = ?1 AND ps2 = ?2 AND bband = ?3 LIMIT 1");
-    txtmult2->setText(logDb().exists(lastsql, {pscand, contestcode, curband}) ? QString() : pscand);
+    const bool worked = store().secondMultWorked(contestcode, pscand, curband);
+    lastsql = store().lastSql();
+    txtmult2->setText(worked ? QString() : pscand);
 }
 
 QSet<QString> ContestForm::workedFirstMults() {
-    QStringList params{contestcode};
-    const QStringList v = logDb().column(QStringLiteral("SELECT DISTINCT mult FROM tbllog WHERE "
-                                                        "ps2 = ?1") +
-                                             firstMultScope(params),
-                                         params);
+    const QStringList v = store().firstMults(contestcode, firstMultScope());
     return QSet<QString>(v.begin(), v.end());
 }
 
 QSet<QString> ContestForm::workedSecondMults() {
-    const QStringList v = logDb().column(
-        QStringLiteral("SELECT DISTINCT ps FROM tbllog WHERE ps2 = ?1 AND bband = ?2"),
-        {contestcode, curband});
+    const QStringList v = store().secondMultsOnBand(contestcode, curband);
     return QSet<QString>(v.begin(), v.end());
 }
 
@@ -72,10 +61,8 @@ void ContestForm::mnumdxcc_Click() {
 
 // The worked first multipliers in the order they were logged, in the scope multcheck uses.
 void ContestForm::fillList1() {
-    QStringList params{contestcode};
-    lastsql = QStringLiteral("SELECT mult FROM tbllog WHERE ps2 = ?1") + firstMultScope(params) +
-              QStringLiteral(" AND NOT (length(mult) = 0) ORDER BY rowid");
-    List1->setItems(logDb().column(lastsql, params));
+    List1->setItems(store().firstMultsInOrder(contestcode, firstMultScope()));
+    lastsql = store().lastSql();
 }
 
 void ContestForm::mnumzone_Click() {

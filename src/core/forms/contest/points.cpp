@@ -1,6 +1,5 @@
 // QSO points of the entry line, by the rules of the current contest.
 #include "contests/points.h"
-#include "data/db.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
@@ -10,26 +9,19 @@ namespace {
 // Earlier QSOs of the current contest, as the points rules ask for them.
 class ContestLog : public LogLookup {
   public:
-    ContestLog(Db& db, const QString& contest) : db_(db), contest_(contest) {}
+    ContestLog(LogStore& log, const QString& contest) : log_(log), contest_(contest) {}
     bool reportInHour(const QString& report, const QString& hour) const override {
-        return db_.exists(QStringLiteral("SELECT 1 FROM tbllog WHERE ps2 = ?1 AND rstr1 = ?2 "
-                                         "AND substr(ttime, 1, 2) = ?3 LIMIT 1"),
-                          {contest_, report, hour});
+        return log_.reportInHour(contest_, report, hour);
     }
     bool districtWorked(const QString& district) const override {
-        // a UK exchange is the serial followed by the district's letters
-        return db_.exists(QStringLiteral("SELECT 1 FROM tbllog WHERE ps2 = ?1 "
-                                         "AND rstr2 GLOB '*[0-9]' || ?2 LIMIT 1"),
-                          {contest_, district});
+        return log_.districtWorked(contest_, district);
     }
     bool countryWorked(const QString& strana) const override {
-        return db_.exists(
-            QStringLiteral("SELECT 1 FROM tbllog WHERE ps2 = ?1 AND contr = ?2 LIMIT 1"),
-            {contest_, strana});
+        return log_.countryWorked(contest_, strana);
     }
 
   private:
-    Db& db_;
+    LogStore& log_;
     const QString& contest_;
 };
 
@@ -60,7 +52,7 @@ void ContestForm::qsopoints() {
     q.myexch = myexch;
     q.sentReport = lblrsts->text();
     q.time = txttime->text();
-    const ContestLog log(logDb(), contestcode);
+    const ContestLog log(store(), contestcode);
     if (scoringEntered) q.log = &log;
     const PointsResult r = rule(q);
     if (r.points) txtpoint->setText(*r.points);

@@ -55,26 +55,18 @@ void ContestForm::txtqtc_KeyUp(Event& e) {
 
 void ContestForm::cmbqtc1_Click() {
     if (!txtqtc[0]->text().isEmpty()) {
-        Db& db = logDb();
-        db.begin();
-        try {
-            // j moves only past filled lines, so a gap ends the QTC: what follows it is not kept.
-            int j = 0;
-            for (int i = 0; i < kQtcLines; ++i) {
-                const QString line = txtqtc[j]->text();
-                if (line.isEmpty()) continue;
-                db.run(QStringLiteral("INSERT INTO tbllogTemp (rstr1, ccall, ttime, bband, ddate, "
-                                      "ps2, contr) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
-                       {txtqtcnr->text(), txtqtccall->text(), txtqtctime->text(),
-                        txtqtcband->text(), txtdate->text(), line.left(kHead),
-                        line.size() > kHead ? line.mid(kHead) : QString()});
-                ++j;
-            }
-            db.commit();
-        } catch (...) {
-            db.rollback();
-            throw;
+        // j moves only past filled lines, so a gap ends the QTC: what follows it is not kept.
+        QList<LogStore::QtcLine> lines;
+        int j = 0;
+        for (int i = 0; i < kQtcLines; ++i) {
+            const QString line = txtqtc[j]->text();
+            if (line.isEmpty()) continue;
+            lines.append({txtqtcnr->text(), txtqtccall->text(), txtqtctime->text(),
+                          txtqtcband->text(), txtdate->text(), line.left(kHead),
+                          line.size() > kHead ? line.mid(kHead) : QString()});
+            ++j;
         }
+        store().addQtcLines(lines);
     }
     qtcrefresh();
     FRQTC->setVisible(false);
@@ -87,18 +79,15 @@ void ContestForm::cmbqtc1_Click() {
 
 void ContestForm::mnuQTC_Click() {
     // QTC rows are kept nowhere else: back them up unless a clearing just did.
-    if (!logBackedUp_ && logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1")) &&
-        !backupLog())
-        return;
-    logDb().exec(QStringLiteral("DELETE FROM tbllogTemp"));
+    if (!logBackedUp_ && store().hasQtcRows() && !backupLog()) return;
+    store().clearQtc();
 }
 
 void ContestForm::qtcfill() {
     mnuQTC_Click();
     // Not emptied (its backup failed and was reported): adding the copy would mix the two.
-    if (logDb().exists(QStringLiteral("SELECT 1 FROM tbllogTemp LIMIT 1"))) return;
-    logDb().run(QStringLiteral("INSERT INTO tbllogTemp SELECT * FROM tbllog WHERE ps2 = ?1"),
-                {contestcode});
+    if (store().hasQtcRows()) return;
+    store().copyContestToQtc(contestcode);
     qtcrefresh();
 }
 

@@ -20,14 +20,8 @@ void ContestForm::showRates() {
     const QDateTime clock =
         Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
     const QDateTime now(clock.date(), clock.time(), Qt::UTC);
-    // Newest first, and no further back than an hour can hold: even a multi-operator station
-    // does not log a thousand QSOs in an hour.
-    Stmt& s = logDb().prepared(QStringLiteral("SELECT ddate, ttime FROM tbllog WHERE ps2 = ?1 "
-                                              "AND ccall <> '\"' ORDER BY rowid DESC LIMIT 1000"),
-                               {contestcode});
     QList<QDateTime> times;
-    while (s.step()) times << qsoTime(s.text(0), s.text(1));
-    s.reset();
+    for (const QStringList& r : store().recentTimes(contestcode)) times << qsoTime(r[0], r[1]);
     lblrate60->setText(num(rateLastHour(times, now)));
     lblrate10->setText(num(rateLastTen(times, now)));
     rateminute = clock.toString(QStringLiteral("yyyyMMddhhmm"));

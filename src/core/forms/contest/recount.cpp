@@ -1,8 +1,8 @@
 // The next exchange to send and the band totals, rebuilt from the log of the current contest.
 #include "contests/scoring.h"
 #include "data/db.h"
-#include "data/logtally.h"
 #include "forms/contest/contestform.h"
+#include "log/logtally.h"
 
 namespace hfc {
 
@@ -12,12 +12,10 @@ void ContestForm::registerRecount() {
 }
 
 LogTally& ContestForm::tally() {
-    if (!tally_) tally_ = std::make_unique<LogTally>(logDb());
-    return *tally_;
+    return store().tally();
 }
 
 void ContestForm::nextserial() {
-    Db& db = logDb();
     const contests::ContestDef& def = contestDef();
     LogTally& t = tally();
     t.sync(contestcode, def.countsPoints());
@@ -46,13 +44,7 @@ void ContestForm::nextserial() {
         if (txtrsts->text() == QLatin1String("001")) {
             pass = QStringLiteral("000");
         } else {
-            // Read back from the end of the table: the last QSO is nearly always the newest
-            // row. An index on the contest would make SQLite sort all of its rows instead.
-            const Rows last =
-                db.query(QStringLiteral("SELECT rstr2 FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
-                                        "ORDER BY rowid DESC LIMIT 1"),
-                         {contestcode});
-            if (!last.empty()) pass = last[0][0].left(3);
+            pass = store().lastReceived(contestcode).left(3);
         }
         lblrsts->setText(txtrsts->text());
         txtrsts->setText(pass);

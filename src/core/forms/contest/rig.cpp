@@ -135,10 +135,7 @@ void ContestForm::qsyToBand(int index) {
     double hz = bandHz_[size_t(index)];
     if (hz <= 0) {
         // Not heard there in this run: where the last QSO on the band was made.
-        const QString logged = logDb().scalar(
-            QStringLiteral("SELECT freq FROM tbllog WHERE ps2 = ?1 AND bband = ?2 AND "
-                           "length(freq) > 0 ORDER BY rowid DESC LIMIT 1"),
-            {contestcode, QLatin1String(band.text)});
+        const QString logged = store().lastFreqOnBand(contestcode, QLatin1String(band.text));
         const double khz = logged.toDouble();
         if (bandOfKhz(khz) == band.band) hz = khz * 1000;
     }

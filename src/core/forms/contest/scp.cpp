@@ -74,8 +74,7 @@ ScpIndex& ContestForm::scpIndex() {
 }
 
 WorkedCalls& ContestForm::workedCalls() {
-    worked_.sync(logDb(), contestcode);
-    return worked_;
+    return store().worked(contestcode);
 }
 
 void ContestForm::scplookup() {
@@ -187,20 +186,15 @@ void ContestForm::mnuhistory_Click() {
     }
     // The zone and oblast columns mean the same in every contest; Exch1 is this contest's own
     // exchange. Later QSOs win.
-    Stmt& s = logDb().prepared(QStringLiteral("SELECT ccall, ps2, rstr2 FROM tbllog WHERE "
-                                              "ccall <> ?1 AND length(rstr2) > 0 ORDER BY rowid"),
-                               {QString(kPlaceholderCall)});
     QSet<QString> calls;
-    while (s.step()) {
-        const QString call = s.text(0), code = s.text(1), value = s.text(2);
-        if (!contests::find(code)) continue;
+    store().forEachExchange([&](const QString& call, const QString& code, const QString& value) {
+        if (!contests::find(code)) return;
         const QString column = contests::historyColumn(code);
-        if (column == QLatin1String("Exch1") && code != contestcode) continue;
-        if (!contests::historyValueFits(column, value)) continue;
+        if (column == QLatin1String("Exch1") && code != contestcode) return;
+        if (!contests::historyValueFits(column, value)) return;
         out.set(call, column, value);
         calls.insert(call);
-    }
-    s.reset();
+    });
     QSaveFile f(path);
     if (!f.open(QIODevice::WriteOnly) || f.write(out.text()) < 0 || !f.commit()) {
         msgbox(QStringLiteral("Не удалось записать файл %1: %2.\nПрежний файл не изменён.")

@@ -85,11 +85,7 @@ void ContestForm::restoreSession() {
 bool ContestForm::recomputeOwnPoints() {
     const PointsRule rule = pointsRule(contestcode);
     if (!rule) return false;
-    Db& db = logDb();
-    const Rows rows = db.query(
-        QStringLiteral("SELECT rowid, ccall, bband, ps1, rstr1, rstr2, rsts1, ttime, point, PRF "
-                       "FROM tbllog WHERE ps2 = ?1 AND ccall <> ?2"),
-        {contestcode, kPlaceholderCall});
+    const Rows rows = store().pointsInputs(contestcode);
     std::vector<std::pair<QString, QString>> changed; // rowid, points
     ResolvedCalls calls;
     calls.prepare(*env().db, rows.size());
@@ -119,16 +115,7 @@ bool ContestForm::recomputeOwnPoints() {
     }
     if (changed.empty()) return false;
     // One transaction: the log holds the old points or the new ones, never half of each.
-    db.begin();
-    try {
-        for (const auto& [rowid, points] : changed)
-            db.run(QStringLiteral("UPDATE tbllog SET point = ?1 WHERE rowid = ?2"),
-                   {points, rowid});
-        db.commit();
-    } catch (const DbError&) {
-        db.rollback();
-        throw;
-    }
+    store().setPoints(changed);
     return true;
 }
 

@@ -1,6 +1,8 @@
 // RAEM coordinate scoring and the SAC area multiplier.
 #include "contests/scoring.h"
+#include "entry/entrysession.h"
 #include "forms/contest/contestform.h"
+#include "forms/contest/entrymark.h"
 
 namespace hfc {
 
@@ -29,7 +31,7 @@ void ContestForm::raemscore() {
     txtpoint->setText(num(*points));
     if (lat >= contests::RaemNorthLat) txtpoint2->setText(QStringLiteral("100"));
     if (txtcall->text() == QLatin1String("RAEM")) txtpoint2->setText(QStringLiteral("300"));
-    if (txtrepit->visible()) {
+    if (session().draft().mark != QsoDraft::Mark::None) {
         txtpoint->setText(QStringLiteral("0"));
         txtpoint2->setText(QString());
     }
@@ -38,7 +40,7 @@ void ContestForm::raemscore() {
 void ContestForm::SAC() {
     txtpoint->setText(QStringLiteral("0"));
     sacarea = 0;
-    if (txtrepit->visible()) txtpoint->setText(QStringLiteral("0"));
+    if (session().draft().mark != QsoDraft::Mark::None) txtpoint->setText(QStringLiteral("0"));
     // The points were zeroed just above, so the area check below does not run from here; the
     // order is kept as it has always been.
     if (val(txtpoint->text()) == 1) {

@@ -64,20 +64,14 @@ QString ContestForm::originOf(qint64 rowid) {
 // ask: the serial counts the QSOs this computer logged, not the station's.
 qint64 ContestForm::othersQsos() {
     if (!multiop_) return 0;
-    return logDb()
-        .scalar(QStringLiteral("SELECT count(*) FROM mqqso m JOIN tbllog t ON t.rowid = "
-                               "CAST(m.qrowid AS INTEGER) WHERE m.del = '0' AND m.origin <> ?1 "
-                               "AND t.ps2 = ?2 AND t.ccall <> ?3"),
-                {multiop_->node(), contestcode, QString(kPlaceholderCall)})
-        .toLongLong();
+    return store().othersQsos(multiop_->node(), contestcode);
 }
 
 void ContestForm::DBGrid3_Delete(int row) {
     if (row < 0 || size_t(row) >= grid3rowids.size()) return;
-    const QString rowid = QString::number(grid3rowids[size_t(row)]);
-    const QString band =
-        logDb().scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {rowid});
-    logDb().run(QStringLiteral("DELETE FROM tbllog WHERE rowid = ?1"), {rowid});
+    const qint64 rowid = grid3rowids[size_t(row)];
+    const QString band = store().bandOf(rowid);
+    store().remove(rowid);
     tally().touched({band});
     refreshLogGrid();
     recount();
@@ -90,10 +84,7 @@ void ContestForm::stationRefresh() {
     me.mode = cmbmod->text();
     me.op = owncall;
     // Read back from the end of the table: the newest row is nearly always the contest's.
-    const Rows last =
-        logDb().query(QStringLiteral("SELECT ccall, ttime FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
-                                     "ORDER BY rowid DESC LIMIT 1"),
-                      {contestcode});
+    const Rows last = store().lastCallAndTime(contestcode);
     if (!last.empty()) {
         me.lastCall = last[0][0];
         me.lastTime = last[0][1];

@@ -43,7 +43,7 @@ void ContestForm::mnupol_Click() {
 void ContestForm::cmbotchet_Click() {
     tcont->setText(LBLCONTEST->text());
     try {
-        logDb().run(QStringLiteral("UPDATE tbltit SET contest = ?1"), {tcont->text()});
+        store().setStationTitle(tcont->text());
     } catch (const DbError&) {
         // The window still opens; its own title box can be filled in by hand.
     }

@@ -3,6 +3,8 @@
 // an edit of a box is stored at once, so what the operator types survives whatever happens to
 // the window next. While held, changes are not stored one by one; store() writes every bound
 // box in one statement.
+#include "log/logstore.h"
+
 #include <QHash>
 #include <QObject>
 #include <QString>
@@ -11,11 +13,10 @@
 namespace hfc {
 
 class Control;
-class Db;
 
 class BoundRow : public QObject {
   public:
-    BoundRow(Db& db, const QString& table, QObject* parent = nullptr);
+    BoundRow(Db& db, LogStore::Sheet sheet, QObject* parent = nullptr);
 
     void bind(Control* box, const QString& column);
     // Fills the boxes from the row (creating a blank row if the table has none).
@@ -26,10 +27,10 @@ class BoundRow : public QObject {
 
   private:
     void changed(Control* box);
-    void ensureRow();
+    QStringList columns() const;
 
-    Db& db_;
-    QString table_;
+    LogStore store_;
+    LogStore::Sheet sheet_;
     struct Binding {
         Control* box;
         QString column;

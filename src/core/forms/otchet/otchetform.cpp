@@ -86,7 +86,7 @@ void OtchetForm::createControls() {
     lblstatus = add("lblstatus", K::Label);
 
     Db& db = env().db->contest;
-    station_ = new BoundRow(db, QStringLiteral("tbltit"), this);
+    station_ = new BoundRow(db, LogStore::Sheet::Station, this);
     station_->bind(tcont, QStringLiteral("contest"));
     station_->bind(tcall, QStringLiteral("ccall"));
     station_->bind(tpod, QStringLiteral("podgrup"));
@@ -95,7 +95,7 @@ void OtchetForm::createControls() {
     station_->bind(tgor, QStringLiteral("adregor"));
     station_->bind(tstr, QStringLiteral("adresstran"));
 
-    score_ = new BoundRow(db, QStringLiteral("rezult"), this);
+    score_ = new BoundRow(db, LogStore::Sheet::Score, this);
     for (int i = 0; i < BandRows; ++i) {
         const QLatin1String s(kSuffix[i]);
         score_->bind(tq[i], QLatin1String("qso") + s);
@@ -168,11 +168,7 @@ void OtchetForm::recount() {
     try {
         // A call stored as a single double quote is a placeholder, not a QSO; the multiplier
         // marks and points of the chosen contest's rows count, whatever else the folder holds.
-        const Rows rows = env().db->contest.query(
-            QStringLiteral("SELECT bband, sum(ccall <> ?7), sum(length(mult) > 0), "
-                           "sum(length(ps) > 0), sum(point) FROM tbllog "
-                           "WHERE bband IN (?1, ?2, ?3, ?4, ?5, ?6) AND ps2 = ?8 GROUP BY bband"),
-            QStringList(bands) << kPlaceholderCall << contestcode);
+        const Rows rows = LogStore(env().db->contest).bandCounts(contestcode, bands);
         for (const QStringList& r : rows) byBand.insert(r[0], {r[1], r[2], r[3], r[4]});
     } catch (const DbError&) {
         // Counts stay "0": the window still opens.
@@ -224,13 +220,9 @@ void OtchetForm::showClaimedScore() {
 // First and last date of the log in report order; an empty log leaves the box as it was.
 void OtchetForm::showDateRange() {
     try {
-        Db& db = env().db->contest;
-        const Rows first = db.query(
-            QStringLiteral("SELECT ddate FROM tbllog ORDER BY cdate(ddate), ttime, rsts2 LIMIT 1"));
-        if (first.empty()) return;
-        const Rows last = db.query(QStringLiteral(
-            "SELECT ddate FROM tbllog ORDER BY cdate(ddate) DESC, ttime DESC, rsts2 DESC LIMIT 1"));
-        Text4->setText(first[0][0] + QLatin1Char('-') + (last.empty() ? QString() : last[0][0]));
+        LogStore log(env().db->contest);
+        if (!log.hasRows()) return;
+        Text4->setText(log.firstDate() + QLatin1Char('-') + log.lastDate());
     } catch (const DbError&) {
     }
 }

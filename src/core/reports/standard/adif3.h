@@ -2,7 +2,7 @@
 // ADIF 3.1 log of the whole logbook (every contest), as other loggers import it: a header that
 // names the program and the time of writing, one record a line, enumeration values for BAND,
 // MODE and CONTEST_ID. ASCII only, so a field's length is its count of characters and bytes.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 #include "reports/standard/programinfo.h"
 
 #include <QByteArray>

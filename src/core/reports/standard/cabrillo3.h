@@ -2,7 +2,7 @@
 // Cabrillo 3.0 log of one contest, as the sponsors' log robots accept it: the sponsor's CONTEST
 // name, the 3.0 category tags, QSO lines in time order with the exchange in the sponsor's
 // template order, QTC lines for WAE. ASCII only, CR LF line ends.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 #include "reports/writers.h"
 
 #include <QByteArray>

@@ -1,7 +1,7 @@
 #pragma once
 // What a contest robot or another logger would reject or flag in the log, listed in the report
 // window before a standard export is written. Writing stays possible after the list is seen.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 
 #include <QList>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 // What the standard exports read from a stored log row: whether it is a QSO at all, its real
 // mode, band, time and exchange parts.
-#include "reports/logrow.h"
+#include "log/logrow.h"
 #include "reports/standard/contestids.h"
 
 #include <QDateTime>

@@ -1,4 +1,4 @@
-#include "data/logtally.h"
+#include "log/logtally.h"
 #include "data/schema.h"
 
 #include <sqlite3.h>

@@ -1,4 +1,4 @@
-#include "data/workedcalls.h"
+#include "log/workedcalls.h"
 
 #include "data/schema.h"
 

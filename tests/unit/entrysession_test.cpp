@@ -1,0 +1,151 @@
+// The entry line's use cases on a temporary log, without a window: each test states the log
+// before, what the operator types, and the draft or the log after.
+#include "data/databases.h"
+#include "entry/entrysession.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace hfc;
+using Mark = QsoDraft::Mark;
+
+namespace {
+
+struct EntrySessionTest : ::testing::Test {
+    QTemporaryDir dir;
+    Databases db;
+    std::unique_ptr<LogStore> log;
+    std::unique_ptr<EntrySession> s;
+
+    void SetUp() override {
+        QString error;
+        ASSERT_TRUE(db.open(dir.path(), error)) << error.toStdString();
+        log = std::make_unique<LogStore>(db.contest);
+        s = std::make_unique<EntrySession>(*log);
+        contest("cqww");
+    }
+    void contest(const QString& code) { s->setContest(code, entryRulesFor(code)); }
+
+    void logged(const char* call, const char* band, const char* time = "12:00",
+                const char* mode = "CW") {
+        LogRow r;
+        r.ccall = call, r.bband = band, r.ttime = time, r.ps1 = mode, r.ps2 = s->contest();
+        log->insert(r);
+    }
+    // The operator on band at time types call.
+    Mark type(const char* call, const char* band = "14", const char* time = "12:30") {
+        QsoDraft& d = s->draft();
+        d.band = band, d.mode = "CW", d.date = "30.11.02", d.time = time;
+        s->callChanged(call);
+        return s->markByRules();
+    }
+    QStringList stored(const char* columns) {
+        const Rows r = db.contest.query(
+            QString("SELECT %1 FROM tbllog ORDER BY rowid DESC LIMIT 1").arg(columns));
+        return r.empty() ? QStringList() : r[0];
+    }
+};
+
+TEST_F(EntrySessionTest, SameCallSameBandIsARepeatAndIsStoredAsDupeWorthNothing) {
+    logged("DL1ABC", "14");
+    EXPECT_EQ(type("DL1ABC"), Mark::Repeat);
+    s->draft().mult = "DL", s->draft().points = "3";
+    s->commit();
+    EXPECT_EQ(stored("ccall, ps1, mult, point"), QStringList({"DL1ABC", "DUPE", "", "0"}));
+}
+
+TEST_F(EntrySessionTest, SameCallOnAnotherBandIsANewQso) {
+    logged("DL1ABC", "7");
+    EXPECT_EQ(type("DL1ABC", "14"), Mark::None);
+    s->draft().points = "3";
+    s->commit();
+    EXPECT_EQ(stored("ccall, bband, ps1, point"), QStringList({"DL1ABC", "14", "CW", "3"}));
+}
+
+TEST_F(EntrySessionTest, ThePartialListShowsTheCallsOnTheBandThatBeginSo) {
+    logged("DL1ABC", "14");
+    logged("DL1ABD", "14");
+    logged("DL1ABE", "7");
+    logged("UA3AAA", "14");
+    type("DL1AB");
+    EXPECT_EQ(s->draft().partial, QStringList({"DL1ABC", "DL1ABD"}));
+    // a call that only begins like a worked one is no repeat
+    EXPECT_EQ(type("DL1A"), Mark::None);
+    EXPECT_EQ(type(""), Mark::None);
+    EXPECT_TRUE(s->draft().partial.isEmpty());
+}
+
+TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
+    db.contest.exec("CREATE TRIGGER refuse BEFORE INSERT ON tbllog "
+                    "BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+    type("DL1ABC");
+    s->draft().rcvdExchange = "14", s->draft().points = "3";
+    EXPECT_THROW(s->commit(), DbError);
+    EXPECT_EQ(s->draft().call, "DL1ABC");
+    EXPECT_EQ(s->draft().rcvdExchange, "14");
+    EXPECT_EQ(s->draft().points, "3");
+    EXPECT_EQ(db.contest.scalar("SELECT count(*) FROM tbllog"), "0");
+
+    db.contest.exec("DROP TRIGGER refuse");
+    s->commit();
+    EXPECT_EQ(stored("ccall, rstr2, point"), QStringList({"DL1ABC", "14", "3"}));
+}
+
+TEST_F(EntrySessionTest, AMultiplierIsNewOnlyWhereItWasNotWorkedInItsScope) {
+    LogRow r;
+    r.ccall = "DL1ABC", r.bband = "7", r.mult = "DL", r.ps = "14", r.ps2 = "cqww";
+    log->insert(r);
+    type("DL2XX", "14");
+    s->checkFirstMult("DL", {LogStore::Within::Band, "14"});
+    EXPECT_EQ(s->draft().mult, "DL");
+    s->checkFirstMult("DL", {LogStore::Within::Contest, {}});
+    EXPECT_EQ(s->draft().mult, "");
+    s->checkSecondMult("14"); // second multipliers count per band: worked on 7 only
+    EXPECT_EQ(s->draft().mult2, "14");
+    type("DL2XX", "7");
+    s->checkSecondMult("14");
+    EXPECT_EQ(s->draft().mult2, "");
+}
+
+TEST_F(EntrySessionTest, LzoWantsThirtyMinutesOnAnyBandAndHasNoPlainRepeat) {
+    contest("lzo");
+    logged("LZ1AA", "7", "12:00");
+    EXPECT_EQ(type("LZ1AA", "14", "12:29"), Mark::TooEarly);
+    EXPECT_EQ(type("LZ1AA", "14", "12:30"), Mark::None);
+    EXPECT_EQ(type("LZ1AA", "7", "12:45"), Mark::None); // listed, but no repeat mark
+    EXPECT_EQ(type("LZ1A", "14", "12:10"), Mark::None); // a shorter call is another station
+    // no wrap at midnight: 00:10 after 23:50 is too early
+    logged("LZ2BB", "14", "23:50");
+    EXPECT_EQ(type("LZ2BB", "14", "00:10"), Mark::TooEarly);
+}
+
+TEST_F(EntrySessionTest, ChempCountsTheExactCallOnAnyBandOncePerClockHour) {
+    contest("chemp");
+    logged("UA3ABC", "7", "12:10");
+    EXPECT_EQ(type("UA3AB", "14", "13:05"), Mark::None); // exact calls only
+    EXPECT_EQ(type("UA3ABC", "14", "13:05"), Mark::Repeat);
+    logged("UA3AAA", "14", "12:10");
+    EXPECT_EQ(type("UA3AAA", "14", "12:50"), Mark::TooEarly);
+}
+
+TEST_F(EntrySessionTest, EsAllowsOneQsoPerBandAndClockHour) {
+    contest("ES");
+    logged("ES1AA", "14", "12:01");
+    EXPECT_EQ(type("ES1AA", "14", "12:59"), Mark::TooEarly);
+    EXPECT_EQ(type("ES1AA", "14", "13:00"), Mark::None);
+    EXPECT_EQ(type("ES1AA", "7", "12:30"), Mark::None); // another band, another QSO
+}
+
+TEST_F(EntrySessionTest, AfterACommitTheNextQsoKeepsBandModeAndWhatWasSent) {
+    type("DL1ABC");
+    s->draft().sentExchange = "15", s->draft().rcvdExchange = "14";
+    s->commit();
+    s->next();
+    EXPECT_EQ(s->draft().call, "");
+    EXPECT_EQ(s->draft().rcvdExchange, "");
+    EXPECT_EQ(s->draft().band, "14");
+    EXPECT_EQ(s->draft().mode, "CW");
+    EXPECT_EQ(s->draft().sentExchange, "15");
+}
+
+} // namespace
