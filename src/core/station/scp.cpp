@@ -172,6 +172,30 @@ bool isOneOff(QStringView a, QStringView b) {
     return oneOffOf(a, b);
 }
 
+void CallNeighbours::clear() {
+    sorted_.clear();
+    byEnd_.clear();
+}
+
+void CallNeighbours::add(const QString& call) {
+    if (call.size() < 2 || !sorted_.insert(call).second) return;
+    byEnd_[call.right(2)] << call;
+}
+
+QStringList CallNeighbours::oneOff(const QString& call) const {
+    if (call.size() < 3) return {};
+    const qsizetype head = std::min(call.size() / 2, call.size() - 2);
+    const QStringView prefix = QStringView(call).left(head);
+    QStringList out;
+    for (auto it = sorted_.lower_bound(prefix.toString());
+         it != sorted_.end() && it->startsWith(prefix); ++it)
+        if (isOneOff(call, *it)) out << *it;
+    for (const QString& c : byEnd_.value(call.right(2)))
+        if (!c.startsWith(prefix) && isOneOff(call, c)) out << c;
+    std::sort(out.begin(), out.end());
+    return out;
+}
+
 QString scpFilePath(const QString& dataDir) {
     const QString own = dataDir + QStringLiteral("/MASTER.SCP");
     if (!dataDir.isEmpty() && QFileInfo(own).isFile()) return own;

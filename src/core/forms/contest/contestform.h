@@ -385,6 +385,10 @@ class ContestForm : public Form {
     WorkedCalls& workedCalls(); // this contest's calls, in step with the log
     ScpIndex& scpIndex();       // read from its file at the first use
     ScpIndex scp;
+    const CallNeighbours& loggedNeighbours(const WorkedCalls& worked);
+    CallNeighbours neighbours_;
+    qsizetype neighboursSeen_ = 0;
+    int neighboursReads_ = -1;
     bool scpRead = false;
     CallHistory history;
     QString histfilled; // the exchange the history put into the box, while it is there

@@ -77,6 +77,20 @@ WorkedCalls& ContestForm::workedCalls() {
     return store().worked(contestcode);
 }
 
+// Kept in step with the worked calls: the calls added since the last look, or all of them
+// again after the set was read anew (an edit, a clearing, another contest).
+const CallNeighbours& ContestForm::loggedNeighbours(const WorkedCalls& worked) {
+    const QStringList& calls = worked.calls();
+    if (neighboursReads_ != worked.fullReads() || neighboursSeen_ > calls.size()) {
+        neighbours_.clear();
+        neighboursSeen_ = 0;
+        neighboursReads_ = worked.fullReads();
+    }
+    for (; neighboursSeen_ < calls.size(); ++neighboursSeen_)
+        neighbours_.add(calls[neighboursSeen_]);
+    return neighbours_;
+}
+
 void ContestForm::scplookup() {
     const QString call = txtcall->text();
     lblname->setText(history.value(call, QStringLiteral("Name")));
@@ -86,8 +100,8 @@ void ContestForm::scplookup() {
     if (call.size() >= 3) {
         near = scpIndex().oneOff(call, scpmax);
         // The own log has calls no file knows of: the stations worked in this contest.
-        for (const QString& c : worked->calls())
-            if (isOneOff(call, c) && !near.contains(c)) near << c;
+        for (const QString& c : loggedNeighbours(*worked).oneOff(call))
+            if (!near.contains(c)) near << c;
         std::sort(near.begin(), near.end());
         if (near.size() > scpmax) near.resize(scpmax);
     }
