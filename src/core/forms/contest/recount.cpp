@@ -29,7 +29,7 @@ void ContestForm::nextserial() {
     Db& db = logDb();
     LogTally& t = tally();
     t.sync(contestcode, countsPoints(contestcode));
-    TXTRSTS2->setText(num(t.qsos() - othersQsos()));
+    TXTRSTS2->setText(num(lastSerial(t.qsos())));
 
     if (fixexch != 0)
         txtrsts->setText(myexch);
