@@ -2,10 +2,10 @@
 // folder, a missing station log, an unwritable report folder. Each is refused or reported in
 // Russian, and no database is overwritten or emptied.
 #include "data/databases.h"
+#include "exportcommand.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
 #include "script/scriptedui.h"
 
 #include <QCryptographicHash>
