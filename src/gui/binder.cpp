@@ -594,6 +594,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
             keepsInEditableGrid(ke))
             return false;
         if (c->kind() == K::Tree && treeKey(c, watched, ke)) return false;
+        // A grid's keys act on its current row (Delete removes it): the model learns which.
+        if (auto* t = qobject_cast<QTableView*>(watched))
+            c->setExtra(QStringLiteral("row"), QString::number(t->currentIndex().row()));
         takeSelection(c, watched);
         if (paste(c, watched, ke)) return true;
         const bool forwarded = forwardKey(form_, ke);

@@ -1,5 +1,6 @@
 // A few QSOs logged on the Qt window with key events alone, as an operator works: the contest
 // from the menu, the band by arrows, the call, Enter, the exchange, Enter.
+#include "../support/freeport.h"
 #include "windowfixture.h"
 
 #include <QAction>
@@ -134,4 +135,52 @@ TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {
     EXPECT_EQ(QApplication::focusWidget(), grid);
     press(Qt::Key_Escape); // a second Esc: back to the call box
     EXPECT_EQ(focusName(), "txtcall");
+}
+
+// Delete on a row of the log grid asks first; Yes takes the QSO out of the log and, on a shared
+// log, makes the delete event that goes to the other computers (here kept in the outbox, the
+// broker being away).
+TEST(LoggingGui, DeleteOnALogGridRowAsksAndTheAnswerDecides) {
+    QTemporaryDir conf;
+    qputenv("XDG_CONFIG_HOME", conf.path().toUtf8());
+    StationSettings s;
+    s.broker = QStringLiteral("127.0.0.1:%1").arg(hfc::test::freePort());
+    s.logid = "test";
+    s.node = "run";
+    Window w(&s);
+    w.ui.queueInput(QString("16"));
+    w.form->click("mnucqww");
+    w.form->cmbband_Click(3);
+    for (const char* call : {"DL1ABC", "G4ABC", "F5ABC"})
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, ttime) VALUES (?1, '14', "
+                         "'cqww', '12:00')",
+                         {QString(call)});
+    w.form->call("refreshLogGrid", {});
+    QApplication::processEvents();
+    auto* grid = w.win->findChild<QTableView*>("DBGrid3");
+    grid->setFocus();
+    grid->setCurrentIndex(grid->model()->index(1, 0));
+    w.ui.takeShown();
+
+    w.ui.queueAnswer(Ui::Answer::No);
+    press(Qt::Key_Delete);
+    QApplication::processEvents();
+    const QStringList asked = w.ui.takeShown();
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_TRUE(asked[0].contains("Удалить QSO с G4ABC (14, 12:00) из журнала?"))
+        << asked[0].toStdString();
+    EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM tbllog"), "3");
+
+    w.ui.queueAnswer(Ui::Answer::Yes);
+    press(Qt::Key_Delete);
+    QApplication::processEvents();
+    EXPECT_EQ(w.db.contest.column("SELECT ccall FROM tbllog ORDER BY rowid"),
+              QStringList({"DL1ABC", "F5ABC"}));
+    EXPECT_EQ(grid->model()->rowCount(), 2);
+    // The tombstone of that QSO waits in the outbox for the broker.
+    const QString uid =
+        w.db.contest.scalar("SELECT uid FROM mqqso WHERE del = '1' AND qrowid = ''");
+    EXPECT_FALSE(uid.isEmpty());
+    EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM mqoutbox WHERE uid = ?1", {uid}), "1");
+    EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM mqqso WHERE del = '1'"), "1");
 }

@@ -6,6 +6,7 @@
 #include "forms/contest/contestform.h"
 #include "mainwindow.h"
 #include "script/scriptedui.h"
+#include "station/settings.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -19,13 +20,15 @@ struct Window {
     hfc::FixedClock clock;
     std::unique_ptr<hfc::ContestForm> form;
     std::unique_ptr<hfc::MainWindow> win;
-    Window() {
+    // settings: the station's (a broker, a rig), or none.
+    explicit Window(hfc::StationSettings* settings = nullptr) {
         QString error;
         EXPECT_TRUE(db.open(dir.path(), error));
         hfc::Env env;
         env.db = &db;
         env.ui = &ui;
         env.clock = &clock;
+        env.settings = settings;
         form = std::make_unique<hfc::ContestForm>(env);
         form->Form_Load();
         win = std::make_unique<hfc::MainWindow>(form.get());

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
 #include <algorithm>
@@ -80,14 +81,16 @@ struct Computer {
     QString name, root;
     QProcess proc;
 
-    Computer(const QString& n, const QString& base, quint16 port, const QString& logid = "field")
+    // more: further lines of the settings file (a radio).
+    Computer(const QString& n, const QString& base, quint16 port, const QString& logid = "field",
+             const QString& more = {})
         : name(n), root(base + "/" + n) {
         QDir().mkpath(root + "/config/hfcontest");
         QFile conf(root + "/config/hfcontest/hfcontest.conf");
         conf.open(QIODevice::WriteOnly);
-        conf.write(QStringLiteral("[multiop]\nbroker=127.0.0.1:%1\nlogid=%2\nnode=%3\n")
+        conf.write(QStringLiteral("[multiop]\nbroker=127.0.0.1:%1\nlogid=%2\nnode=%3\n%4")
                        .arg(port)
-                       .arg(logid, n)
+                       .arg(logid, n, more)
                        .toUtf8());
     }
     void start(const QString& script) {
@@ -235,4 +238,72 @@ TEST(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
     Computer late("late", base.path(), broker.port);
     EXPECT_EQ(after(late.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)),
               "DL1ABC\t7\t14\tcqww\n");
+}
+
+// The station panel shows where another computer's radio is: the frequency of run's real (dummy)
+// radio reaches mult's panel with run's band, mode and last QSO.
+TEST(MultiOpBroker, TheStationPanelShowsTheOtherComputersFrequency) {
+    Broker broker;
+    ASSERT_TRUE(broker.start());
+    const quint16 rigPort = freePort();
+    QProcess rig;
+    rig.start("rigctld", {"-m", "1", "-t", QString::number(rigPort)});
+    ASSERT_TRUE(rig.waitForStarted());
+    for (int i = 0; i < 100 && !accepting(rigPort); ++i) QThread::msleep(50);
+    QTemporaryDir base;
+    Computer run("run", base.path(), broker.port, "field",
+                 QStringLiteral("[rig]\nrigctld=127.0.0.1:%1\n").arg(rigPort));
+    Computer mult("mult", base.path(), broker.port);
+    run.start(Start + "wait 1500\n" + qso("dl1abc") + "call Timer1_Timer\nprint lblfreq.text\n" +
+              "wait 4000\n");
+    mult.start(Start + "wait 4000\ncall stationRefresh\nprint lststation.items\n");
+    const QString runOut = run.finish(), multOut = mult.finish();
+    rig.terminate();
+    rig.waitForFinished();
+    const QRegularExpression freq("lblfreq.text=(\\d+\\.\\d)\n");
+    const QRegularExpressionMatch m = freq.match(runOut);
+    ASSERT_TRUE(m.hasMatch()) << runOut.toStdString();
+    EXPECT_TRUE(multOut.contains("run в сети 7 CW " + m.captured(1) + " кГц "))
+        << multOut.toStdString();
+    EXPECT_TRUE(multOut.contains(" DL1ABC 00:00")) << multOut.toStdString();
+}
+
+// WAE wants one serial sequence for the station: numbers come from blocks each computer
+// reserved through the broker, so none is sent twice, also while the broker is away.
+TEST(MultiOpBroker, AStationWideSequenceNeverSendsANumberTwice) {
+    Broker broker;
+    ASSERT_TRUE(broker.start());
+    QTemporaryDir base;
+    Computer a("a", base.path(), broker.port), b("b", base.path(), broker.port);
+    const QString wae = "clock 2024-11-23T03:00:00 2024-11-23T00:00:00\n"
+                        "call Timer1_Timer\ncall mnuwae_Click\nkey 39\nkey 39\ntype \\r\n"
+                        "wait 1500\n";
+    auto qsos = [](const QString& prefix, int n) {
+        QString s;
+        for (int i = 1; i <= n; ++i)
+            s += "type " + prefix + QString::number(i) + "a\\r\ntype 5\\r\n";
+        return s;
+    };
+    const QString end = "wait 6000\nsql contest SELECT '--'\n"
+                        "sql contest SELECT rsts2 FROM tbllog ORDER BY rsts2\n";
+    const QString partitioned = "wait 2500\n";
+    const QString shown = "call Timer1_Timer\nprint lblstation.text\n";
+    a.start(wae + qsos("dl", 3) + "print TXTRSTS2.text\n" + partitioned + qsos("f", 4) + shown +
+            end);
+    b.start(wae + qsos("ok", 3) + "print TXTRSTS2.text\n" + partitioned + qsos("g", 4) + shown +
+            end);
+    ASSERT_TRUE(a.waitFor("TXTRSTS2.text=") && b.waitFor("TXTRSTS2.text="));
+    broker.stop(); // both log on from their reserves
+    QThread::msleep(3500);
+    ASSERT_TRUE(broker.start());
+    const QString aOut = a.finish(), bOut = b.finish();
+    const std::string rows = after(aOut);
+    EXPECT_EQ(rows, after(bOut));
+    QStringList sent = QString::fromStdString(rows).split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(sent.size(), 14) << aOut.toStdString() << bOut.toStdString();
+    sent.removeDuplicates();
+    EXPECT_EQ(sent.size(), 14) << rows;
+    // Every number sent was one of the computer's reserve.
+    EXPECT_FALSE(aOut.contains("не зарезервирован")) << aOut.toStdString();
+    EXPECT_FALSE(bOut.contains("не зарезервирован")) << bOut.toStdString();
 }

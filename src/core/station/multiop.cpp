@@ -19,6 +19,10 @@ namespace hfc {
 namespace {
 constexpr int kQos = 1;        // at least once: applying twice changes nothing
 constexpr int kKeepAlive = 10; // seconds: a dead computer shows offline soon
+// Outbox entries on their way at once. libmosquitto walks its whole queue of unacknowledged
+// messages at each acknowledgement, so handing it thousands after a partition costs minutes;
+// a window keeps its queue short and the link busy.
+constexpr int kWindow = 200;
 } // namespace
 
 bool MultiOp::configured(const StationSettings& s) {
@@ -86,6 +90,8 @@ void MultiOp::start() {
     mosquitto_disconnect_callback_set(mosq_, &MultiOp::onDisconnect);
     mosquitto_publish_callback_set(mosq_, &MultiOp::onPublish);
     mosquitto_message_callback_set(mosq_, &MultiOp::onMessage);
+    mosquitto_subscribe_callback_set(mosq_, &MultiOp::onSubscribe);
+    mosquitto_int_option(mosq_, MOSQ_OPT_SEND_MAXIMUM, kWindow);
     mosquitto_reconnect_delay_set(mosq_, 1, 2, false); // a LAN: try again soon
     const QByteArray will =
         multiop::encodeStatus(multiop::NodeStatus{node_, false, {}, {}, {}, {}, {}, {}});
@@ -136,14 +142,32 @@ void MultiOp::onPublish(mosquitto*, void* self, int mid) {
     QMetaObject::invokeMethod(
         me,
         [me, mid] {
-            const qint64 id = me->inflight_.take(mid);
-            if (id <= 0) return;
-            me->inflightIds_.remove(id);
-            me->acked_ << id;
+            const auto it = me->inflight_.constFind(mid);
+            if (it == me->inflight_.constEnd()) return;
+            me->inflightIds_.remove(it->id);
+            me->acked_.push_back(*it);
+            me->inflight_.erase(it);
             if (me->ackQueued_) return;
             me->ackQueued_ = true;
             QMetaObject::invokeMethod(
                 me, [me] { me->ackedNow(); }, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+}
+
+void MultiOp::onSubscribe(mosquitto*, void* self, int mid, int, const int*) {
+    auto* me = static_cast<MultiOp*>(self);
+    QMetaObject::invokeMethod(
+        me,
+        [me, mid] {
+            if (mid != me->logSubscription_) return;
+            // The epoch's retained copy (if the broker has one) came before this answer; a
+            // moment's grace all the same, then a broker without one gets a new epoch. The
+            // claimed serial blocks have come by then too, so a new claim goes past them.
+            QTimer::singleShot(300, me, [me] {
+                me->epochCheck();
+                me->reserveSerials(me->wantIndex_);
+            });
         },
         Qt::QueuedConnection);
 }
@@ -195,8 +219,8 @@ void MultiOp::flushLocal() {
 
 void MultiOp::ackedNow() {
     ackQueued_ = false;
-    if (acked_.isEmpty() || !sqlite3_get_autocommit(db_.handle())) {
-        if (!acked_.isEmpty()) QTimer::singleShot(10, this, [this] { ackedNow(); });
+    if (acked_.empty() || !sqlite3_get_autocommit(db_.handle())) {
+        if (!acked_.empty()) QTimer::singleShot(10, this, [this] { ackedNow(); });
         return;
     }
     try {
@@ -206,21 +230,26 @@ void MultiOp::ackedNow() {
         qWarning("multiop: %s", e.what());
     }
     emit bookkeepingWritten();
+    sendOutbox(); // the window has room again
 }
 
 void MultiOp::connectedNow() {
     connected_ = true;
-    const QByteArray sub = (multiop::logTopicRoot(logid_) + QLatin1Char('#')).toUtf8();
-    mosquitto_subscribe(mosq_, nullptr, sub.constData(), kQos);
+    // The epoch first, on its own: the broker answers subscriptions in order and sends each
+    // one's retained messages before answering the next, so the epoch is known before the
+    // log's retained flood (thousands of QSOs after a partition) has even begun.
+    epochSeen_ = false;
+    const QString root = multiop::logTopicRoot(logid_);
+    const QByteArray epochTopic = (root + QStringLiteral("epoch")).toUtf8();
+    mosquitto_subscribe(mosq_, nullptr, epochTopic.constData(), kQos);
+    const QByteArray sub = (root + QLatin1Char('#')).toUtf8();
+    mosquitto_subscribe(mosq_, &logSubscription_, sub.constData(), kQos);
     inflight_.clear();
-    inflightIds_.clear();
+    inflightIds_.clear(); // whatever was on its way without an answer goes again
+    claiming_ = -1;
     status_.online = true;
     publishStatus();
     sendOutbox();
-    // Retained messages come right after the subscription; no epoch by then means a broker
-    // that has lost (or never had) the log.
-    epochSeen_ = false;
-    QTimer::singleShot(1500, this, [this] { epochCheck(); });
     emit connectedChanged(true);
 }
 
@@ -245,6 +274,9 @@ void MultiOp::epochHeard(const QString& epoch) {
     // A computer that never saw a broker holds nothing the others lack but its own QSOs,
     // which are in the outbox already.
     if (known.isEmpty()) return;
+    for (qint64 b : store_.blocksOf(node_)) publishClaim(b);
+    qWarning("multiop: the broker's log is new (%s, was %s): all held states go out again",
+             qPrintable(epoch), qPrintable(known));
     if (store_.requeueAll() > 0) {
         emit bookkeepingWritten();
         sendOutbox();
@@ -259,17 +291,22 @@ void MultiOp::disconnectedNow() {
     emit connectedChanged(false);
 }
 
+// Sends the outbox in rowid order, at most a window at a time; each acknowledgement makes room
+// for the next. Only the window's worth of the oldest entries is read, not the whole outbox.
 void MultiOp::sendOutbox() {
     if (!connected_) return;
-    for (const MultiOpStore::Outgoing& o : store_.outbox()) {
+    const int room = kWindow - int(inflight_.size());
+    if (room <= 0) return;
+    for (const MultiOpStore::Outgoing& o : store_.outbox(0, int(inflightIds_.size()) + room)) {
         if (inflightIds_.contains(o.id)) continue;
         const QByteArray topic = multiop::qsoTopic(logid_, o.uid).toUtf8();
         int mid = 0;
+        // Refused (the connection just went): everything left goes at the next connection.
         if (mosquitto_publish(mosq_, &mid, topic.constData(), int(o.payload.size()),
-                              o.payload.constData(), kQos, true) == MOSQ_ERR_SUCCESS) {
-            inflight_.insert(mid, o.id);
-            inflightIds_.insert(o.id);
-        }
+                              o.payload.constData(), kQos, true) != MOSQ_ERR_SUCCESS)
+            return;
+        inflight_.insert(mid, o);
+        inflightIds_.insert(o.id);
     }
 }
 
@@ -290,6 +327,51 @@ void MultiOp::publishStatus() {
     mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos, true);
 }
 
+std::optional<qint64> MultiOp::stationSerial(qint64 index) {
+    if (index < 0) return std::nullopt;
+    const QList<qint64> blocks = store_.blocksOf(node_);
+    const qint64 i = index / kSerialBlock;
+    if (i >= blocks.size()) return std::nullopt;
+    return blocks[i] * kSerialBlock + index % kSerialBlock + 1;
+}
+
+// Two blocks spare: a computer cut off from the broker numbers another twenty QSOs or more
+// without a number another computer could send.
+void MultiOp::reserveSerials(qint64 index) {
+    wantIndex_ = std::max(wantIndex_, index);
+    if (wantIndex_ < 0 || !connected_ || !epochSeen_ || claiming_ >= 0) return;
+    const qint64 held = qint64(store_.blocksOf(node_).size()) * kSerialBlock;
+    if (held >= wantIndex_ + 2 * kSerialBlock) return;
+    claiming_ = store_.lastBlock() + 1;
+    publishClaim(claiming_);
+}
+
+void MultiOp::publishClaim(qint64 block) {
+    if (!connected_) return;
+    const QByteArray t =
+        (multiop::logTopicRoot(logid_) + QStringLiteral("serial/") + QString::number(block))
+            .toUtf8();
+    const QByteArray p = node_.toUtf8();
+    mosquitto_publish(mosq_, nullptr, t.constData(), int(p.size()), p.constData(), kQos, true);
+}
+
+void MultiOp::claimHeard(qint64 block, const QString& node) {
+    QString owner;
+    try {
+        owner = store_.noteClaim(block, node);
+    } catch (const DbError& e) {
+        qWarning("multiop: %s", e.what());
+        return;
+    }
+    // A later claim of our block took the broker's retained copy: ours goes back there, so a
+    // computer that starts later learns the block is taken by us.
+    if (owner == node_ && node != node_) publishClaim(block);
+    if (block != claiming_) return;
+    claiming_ = -1;
+    if (owner == node_) emit serialsReserved();
+    reserveSerials(wantIndex_); // lost to another computer, or more to come: the next block
+}
+
 void MultiOp::received(const QString& topic, const QByteArray& payload) {
     const QString root = multiop::logTopicRoot(logid_);
     if (!topic.startsWith(root)) return;
@@ -307,6 +389,18 @@ void MultiOp::received(const QString& topic, const QByteArray& payload) {
     }
     if (rest == QLatin1String("epoch")) {
         if (multiop::validName(QString::fromUtf8(payload))) epochHeard(QString::fromUtf8(payload));
+        return;
+    }
+    if (rest.startsWith(QLatin1String("serial/"))) {
+        bool ok = false;
+        const qint64 block = rest.mid(7).toLongLong(&ok);
+        const QString node = QString::fromUtf8(payload);
+        // Four digits of serial numbers at most.
+        if (!ok || block < 0 || block >= 10000 / kSerialBlock || !multiop::validName(node)) {
+            qWarning("multiop: malformed serial claim on %s skipped", qPrintable(topic));
+            return;
+        }
+        claimHeard(block, node);
         return;
     }
     if (!rest.startsWith(QLatin1String("qso/")) || payload.isEmpty()) return;

@@ -14,6 +14,7 @@
 #include <QObject>
 #include <QSet>
 #include <memory>
+#include <optional>
 #include <vector>
 
 struct mosquitto;
@@ -46,6 +47,15 @@ class MultiOp : public QObject {
     // The other computers as last heard of, by name.
     const QHash<QString, multiop::NodeStatus>& peers() const { return peers_; }
 
+    // A station-wide serial sequence: numbers are reserved in blocks through the broker, so two
+    // computers never send the same one, and a reserve of blocks lets a computer cut off from
+    // the broker go on numbering. stationSerial gives the index-th number (from 0) of this
+    // computer's blocks, nullopt when the reserve is used up; reserveSerials keeps the reserve
+    // ahead of index (claims go out while the broker is there).
+    static constexpr int kSerialBlock = 10;
+    std::optional<qint64> stationSerial(qint64 index);
+    void reserveSerials(qint64 index);
+
     // Takes tbllog changes made on this computer now instead of at the next turn of the
     // event loop.
     void flushLocal();
@@ -57,12 +67,14 @@ class MultiOp : public QObject {
     void bookkeepingWritten();
     void peersChanged();
     void connectedChanged(bool connected);
+    void serialsReserved(); // a block of serial numbers became this computer's
 
   private:
     static void onConnect(mosquitto*, void* self, int rc);
     static void onDisconnect(mosquitto*, void* self, int rc);
     static void onPublish(mosquitto*, void* self, int mid);
     static void onMessage(mosquitto*, void* self, const mosquitto_message* m);
+    static void onSubscribe(mosquitto*, void* self, int mid, int count, const int* granted);
     static void onUpdate(void* self, int op, const char* db, const char* table, long long rowid);
 
     void connectedNow();
@@ -75,6 +87,8 @@ class MultiOp : public QObject {
     void tryConnect();
     void ackedNow();
     void epochCheck();
+    void claimHeard(qint64 block, const QString& node);
+    void publishClaim(qint64 block);
 
     Db& db_;
     QString logid_, node_, host_, user_, password_, cafile_;
@@ -88,11 +102,14 @@ class MultiOp : public QObject {
     bool collectQueued_ = false;
     std::vector<multiop::QsoEvent> inbox_; // received, applied in one transaction per batch
     bool applyQueued_ = false;
-    QHash<int, qint64> inflight_; // message id -> mqoutbox rowid
-    QSet<qint64> inflightIds_;    // mqoutbox rowids on their way
-    QList<qint64> acked_;         // delivered, to be removed from the outbox in one go
+    QHash<int, MultiOpStore::Outgoing> inflight_; // message id -> the outbox entry sent
+    QSet<qint64> inflightIds_;                    // mqoutbox rowids on their way
+    int logSubscription_ = 0;                     // message id of the subscription to the whole log
+    std::vector<MultiOpStore::Outgoing> acked_;   // delivered, to leave the outbox in one go
     bool ackQueued_ = false;
     bool epochSeen_ = false; // the broker's epoch arrived since the last connection
+    qint64 claiming_ = -1;   // the block claimed and not yet heard back
+    qint64 wantIndex_ = -1;  // the serial index the reserve must stay ahead of
     multiop::NodeStatus status_;
     QHash<QString, multiop::NodeStatus> peers_;
 };

@@ -79,6 +79,8 @@ void MultiOpStore::open() {
     db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqoutbox_uid ON mqoutbox(uid)"));
     db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqmeta (k TEXT, v TEXT)"));
     db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqmeta_k ON mqmeta(k)"));
+    db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqblock (blk INTEGER, node TEXT)"));
+    db_.exec(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS ix_mqblock_blk ON mqblock(blk)"));
     clock_ = db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'clock'")).toLongLong();
     seq_ = db_.scalar(QStringLiteral("SELECT v FROM mqmeta WHERE k = 'seq'")).toLongLong();
     stamps_.clear();
@@ -264,9 +266,16 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
 }
 
 std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox() {
+    return outbox(0, -1);
+}
+
+std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox(qint64 after, int limit) {
     std::vector<Outgoing> out;
     for (const QStringList& r :
-         db_.query(QStringLiteral("SELECT rowid, uid, payload FROM mqoutbox ORDER BY rowid")))
+         db_.query(QStringLiteral("SELECT rowid, uid, payload FROM mqoutbox "
+                                  "WHERE rowid > CAST(?1 AS INTEGER) ORDER BY rowid "
+                                  "LIMIT CAST(?2 AS INTEGER)"),
+                   {QString::number(after), QString::number(limit)}))
         out.push_back({r[0].toLongLong(), r[1], r[2].toUtf8()});
     return out;
 }
@@ -276,6 +285,15 @@ void MultiOpStore::delivered(const QList<qint64>& ids) {
     Transaction t(db_);
     for (qint64 id : ids)
         db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
+            .step();
+    t.commit();
+}
+
+void MultiOpStore::delivered(const std::vector<Outgoing>& sent) {
+    Transaction t(db_);
+    for (const Outgoing& o : sent)
+        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1 AND payload = ?2"),
+                     {QString::number(o.id), QString::fromUtf8(o.payload)})
             .step();
     t.commit();
 }
@@ -292,6 +310,28 @@ int MultiOpStore::requeueAll() {
     db_.exec(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) SELECT uid, payload "
                             "FROM mqqso"));
     return outboxSize();
+}
+
+QString MultiOpStore::noteClaim(qint64 block, const QString& node) {
+    const QString blk = QString::number(block);
+    db_.run(QStringLiteral("INSERT OR IGNORE INTO mqblock (blk, node) VALUES (CAST(?1 AS INTEGER), "
+                           "?2)"),
+            {blk, node});
+    return db_.scalar(QStringLiteral("SELECT node FROM mqblock WHERE blk = CAST(?1 AS INTEGER)"),
+                      {blk});
+}
+
+QList<qint64> MultiOpStore::blocksOf(const QString& node) {
+    QList<qint64> out;
+    for (const QString& b :
+         db_.column(QStringLiteral("SELECT blk FROM mqblock WHERE node = ?1 ORDER BY blk"), {node}))
+        out << b.toLongLong();
+    return out;
+}
+
+qint64 MultiOpStore::lastBlock() {
+    const QString b = db_.scalar(QStringLiteral("SELECT max(blk) FROM mqblock"));
+    return b.isEmpty() ? -1 : b.toLongLong();
 }
 
 int MultiOpStore::outboxSize() {

@@ -44,7 +44,12 @@ class MultiOpStore {
         QByteArray payload;
     };
     std::vector<Outgoing> outbox();
+    // The oldest entries after the given one, at most limit: the next window to send.
+    std::vector<Outgoing> outbox(qint64 after, int limit);
     void delivered(const QList<qint64>& ids); // the broker has them: the entries go
+    // The same for entries as they were sent: an entry replaced meanwhile (its rowid may be
+    // used again by the newer state) stays to be sent.
+    void delivered(const std::vector<Outgoing>& sent);
     int outboxSize();
 
     // The broker's state this computer last saw (see MultiOp); "" before the first connection.
@@ -53,6 +58,13 @@ class MultiOpStore {
     // Every state held, ours and others', back in the outbox: for a broker that lost its
     // retained copies (a new one, or one without persistence).
     int requeueAll();
+
+    // Blocks of serial numbers the computers claimed for a station-wide sequence: the first
+    // claim heard of a block owns it (every computer hears the broker's claims in the same
+    // order). noteClaim returns the owner.
+    QString noteClaim(qint64 block, const QString& node);
+    QList<qint64> blocksOf(const QString& node); // ascending
+    qint64 lastBlock();                          // -1: none claimed yet
 
     const QString& node() const { return node_; }
     qint64 clock() const { return clock_; }

@@ -39,6 +39,7 @@ void ContestForm::registerCommit() {
        [this](Event& e) {
            if (e.keyCode == keys::Esc && txtcall->visible() && txtcall->enabled())
                setFocus(txtcall);
+           if (e.keyCode == keys::Delete && e.shift == 0) DBGrid3_DeleteKey();
        },
        {"KeyCode", "Shift"});
     var("qsorun", qsorun);

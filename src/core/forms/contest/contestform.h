@@ -358,7 +358,12 @@ class ContestForm : public Form {
     void sharedLogChanged(const QStringList& bands);
     QString originOf(qint64 rowid); // the computer that logged a row
     qint64 othersQsos();            // the contest's QSOs logged by the other computers
+    // The serial the next one counts on from: the station's QSOs alone, or with the link this
+    // computer's own (each transmitter) or its place in the station's reserved numbers.
+    qint64 lastSerial(qint64 stationQsos);
+    bool serialUnreserved = false; // the station-wide number shown is not reserved
     void DBGrid3_Delete(int row);
+    void DBGrid3_DeleteKey(); // Delete on the grid's current row ("row"), after a question
     void stationRefresh();
     void mnufind_Click(); // the contest finder (Ctrl+K)
     // rates.cpp

@@ -19,7 +19,7 @@ void ContestForm::nextserial() {
     const contests::ContestDef& def = contestDef();
     LogTally& t = tally();
     t.sync(contestcode, def.countsPoints());
-    TXTRSTS2->setText(num(t.qsos() - othersQsos()));
+    TXTRSTS2->setText(num(lastSerial(t.qsos())));
 
     if (fixexch != 0)
         txtrsts->setText(myexch);

@@ -1,6 +1,7 @@
 // The station's shared log: the link to the other computers (started with the window when the
 // settings name a broker), others' changes brought into the totals and grids, the log grid's
 // computer column, deleting a QSO from the grid, and the station panel.
+#include "contests/serialscope.h"
 #include "data/databases.h"
 #include "data/schema.h"
 #include "forms/contest/contestform.h"
@@ -35,6 +36,12 @@ void ContestForm::startMultiOp() {
     connect(multiop_.get(), &MultiOp::bookkeepingWritten, this, [this] { tally().ownWrites({}); });
     connect(multiop_.get(), &MultiOp::peersChanged, this, [this] { stationRefresh(); });
     connect(multiop_.get(), &MultiOp::connectedChanged, this, [this] { stationRefresh(); });
+    // A guessed number is replaced by a reserved one as soon as the reserve arrives, unless a
+    // QSO is being typed (its number may already have been sent).
+    connect(multiop_.get(), &MultiOp::serialsReserved, this, [this] {
+        if (serialUnreserved && txtcall->text().isEmpty()) nextserial();
+        stationRefresh();
+    });
     QStringList cols = DBGrid3->columns();
     cols << QStringLiteral("Компьютер");
     DBGrid3->setColumns(cols);
@@ -61,10 +68,23 @@ QString ContestForm::originOf(qint64 rowid) {
 }
 
 // With the link each transmitter numbers its own QSOs, as the multi-transmitter categories
-// ask: the serial counts the QSOs this computer logged, not the station's.
+// ask, unless the contest wants one sequence for the station: this counts the others' QSOs.
 qint64 ContestForm::othersQsos() {
     if (!multiop_) return 0;
     return store().othersQsos(multiop_->node(), contestcode);
+}
+
+qint64 ContestForm::lastSerial(qint64 stationQsos) {
+    serialUnreserved = false;
+    if (!multiop_) return stationQsos;
+    const qint64 own = stationQsos - othersQsos();
+    if (contests::serialScope(contestcode) != contests::SerialScope::Station) return own;
+    multiop_->reserveSerials(own);
+    if (const std::optional<qint64> next = multiop_->stationSerial(own)) return *next - 1;
+    // No reserved number (a computer that has not reached the broker yet, or a partition longer
+    // than the reserve): the station's count is the best guess, and the panel says so.
+    serialUnreserved = true;
+    return stationQsos;
 }
 
 void ContestForm::DBGrid3_Delete(int row) {
@@ -77,11 +97,29 @@ void ContestForm::DBGrid3_Delete(int row) {
     recount();
 }
 
+// The Delete key on the log grid: the view tells which row is current ("row"); a key pressed by
+// mistake in a running contest must not cost a QSO, so it asks first.
+void ContestForm::DBGrid3_DeleteKey() {
+    bool ok = false;
+    const int row = DBGrid3->extra(QStringLiteral("row")).toInt(&ok);
+    if (!ok || row < 0 || size_t(row) >= grid3rowids.size()) return;
+    const Rows qso =
+        logDb().query(QStringLiteral("SELECT ccall, bband, ttime FROM tbllog WHERE rowid = ?1"),
+                      {QString::number(grid3rowids[size_t(row)])});
+    if (qso.empty()) return;
+    if (msgbox(QStringLiteral("Удалить QSO с %1 (%2, %3) из журнала?")
+                   .arg(qso[0][0], qso[0][1], qso[0][2]),
+               QStringLiteral("Удаление QSO"), Ui::Buttons::YesNo) != Ui::Answer::Yes)
+        return;
+    DBGrid3_Delete(row);
+}
+
 void ContestForm::stationRefresh() {
     if (!multiop_) return;
     multiop::NodeStatus me;
     me.band = curband;
     me.mode = cmbmod->text();
+    me.freq = qsoFreq(); // the radio's, as shown beside the band; empty without one
     me.op = owncall;
     // Read back from the end of the table: the newest row is nearly always the contest's.
     const Rows last = store().lastCallAndTime(contestcode);
@@ -97,15 +135,20 @@ void ContestForm::stationRefresh() {
     names.sort();
     for (const QString& n : names) {
         const multiop::NodeStatus& p = multiop_->peers()[n];
-        lines << QStringLiteral("%1 %2 %3 %4 %5 %6 %7")
+        const QString freq = p.freq.isEmpty() ? QString() : p.freq + QStringLiteral(" кГц");
+        lines << QStringLiteral("%1 %2 %3 %4 %5 %6 %7 %8")
                      .arg(p.node, p.online ? QStringLiteral("в сети") : QStringLiteral("нет связи"),
-                          p.band, p.mode, p.freq, p.op, p.lastCall)
+                          p.band, p.mode, freq, p.op, p.lastCall, p.lastTime)
                      .simplified();
         if (p.online && !curband.isEmpty() && p.band == curband) holder = p.node;
     }
     lststation->setItems(lines);
     QString state = multiop_->connected() ? QStringLiteral("Брокер: связь есть")
                                           : QStringLiteral("Брокер: нет связи");
+    if (serialUnreserved)
+        state += QStringLiteral("; номер %1 не зарезервирован — может совпасть с номером другого "
+                                "компьютера")
+                     .arg(txtrsts->text());
     if (!holder.isEmpty())
         state = QStringLiteral("Диапазон %1 занят компьютером %2").arg(curband, holder);
     lblstation->setText(state);
