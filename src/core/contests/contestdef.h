@@ -146,6 +146,13 @@ struct StandardIds {
     bool rcvdSerial = true; // the received exchange may hold a serial number
 };
 
+// Whose sequence the serial sent belongs to when several computers share one log.
+// docs/contests.md gives each contest's reason.
+enum class SerialScope {
+    Transmitter, // each computer counts its own QSOs
+    Station,     // one sequence for the station: numbers reserved between the computers
+};
+
 struct ContestDef {
     // The menu and the window
     const char* menuItem = "";    // menu control name; its click handler is menuItem + "_Click"
@@ -196,6 +203,8 @@ struct ContestDef {
     bool qtc = false;            // QTC traffic (WAE): F1 opens it, reports count it
     bool russianListing = false; // the .LOG listing is headed in Russian
     StandardIds ids;
+    // Whose sequence the serial belongs to at a station of several computers.
+    SerialScope serial = SerialScope::Transmitter;
 
     bool countsPoints() const { return totals != Totals::Mults; }
     // The time list: earlier QSOs with their times, for the time rule.

@@ -1,7 +1,6 @@
 // The station's shared log: the link to the other computers (started with the window when the
 // settings name a broker), others' changes brought into the totals and grids, the log grid's
 // computer column, deleting a QSO from the grid, and the station panel.
-#include "contests/serialscope.h"
 #include "data/databases.h"
 #include "data/schema.h"
 #include "forms/contest/contestform.h"
@@ -78,7 +77,7 @@ qint64 ContestForm::lastSerial(qint64 stationQsos) {
     serialUnreserved = false;
     if (!multiop_) return stationQsos;
     const qint64 own = stationQsos - othersQsos();
-    if (contests::serialScope(contestcode) != contests::SerialScope::Station) return own;
+    if (contestDef().serial != contests::SerialScope::Station) return own;
     multiop_->reserveSerials(own);
     if (const std::optional<qint64> next = multiop_->stationSerial(own)) return *next - 1;
     // No reserved number (a computer that has not reached the broker yet, or a partition longer
