@@ -1,8 +1,8 @@
 // The claimed score by the sponsors' rules: the rule families on rows as real calls resolve,
 // every contest of the menu known, and a CQ WW log typed through the entry line against a count
 // by hand.
-#include "contests/catalogue.h"
 #include "contests/claimedscore.h"
+#include "contests/contestdef.h"
 #include "data/session.h"
 #include "entryfixture.h"
 #include "reports/claimedlog.h"
@@ -202,7 +202,7 @@ TEST(ClaimedScore, EveryContestOfTheMenuHasItsSponsorsRules) {
     ScoreRow member = row("DL3ABC", "14", "001/1234", 2, "DL", "EU", "DL3");
     area.oblast = "MA";
     area.mult = "DL1";
-    for (const contests::Contest& c : contests::catalogue()) {
+    for (const contests::ContestDef& c : contests::catalogue()) {
         ScoreStation st = ua3();
         st.myexch = "55N37O";
         const ClaimedScore s = contests::claimedScore(c.code, {area, zone, member}, st);

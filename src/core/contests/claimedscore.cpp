@@ -2,6 +2,7 @@
 // final formula. Sources of each row are listed in docs/contests.md.
 #include "contests/claimedscore.h"
 
+#include "contests/contestdef.h"
 #include "contests/groups.h"
 
 #include <cmath>
@@ -380,10 +381,7 @@ QString numericExchange(const QString& exchange) {
 }
 
 bool hasNumericExchange(const QString& contest) {
-    // not the contests where the same box may hold a serial number: "001" must stay as sent
-    for (const char* c : {"cqww", "iaru", "lzd", "euhf", "yo", "yu"})
-        if (contest == QLatin1String(c)) return true;
-    return false;
+    return def(contest).numericExchange;
 }
 
 } // namespace hfc::contests

@@ -1,4 +1,5 @@
 #include "reports/claimedlog.h"
+#include "contests/contestdef.h"
 
 #include "country/russia.h"
 #include "data/databases.h"
@@ -45,7 +46,7 @@ template <typename OblastOf>
 void refine(const QString& contest, const QString& call, ResolvedCall& r, OblastOf oblastOf) {
     if (call.startsWith(QLatin1Char('R')) || isRussianPref(r.pref)) {
         refineRussianArea(call, r.pref, r.kont);
-        if (contest == QLatin1String("cqm")) r.pref = cqmPrefix(call, r.pref);
+        if (contests::def(contest).cqmAreas) r.pref = cqmPrefix(call, r.pref);
         const QString key = russianDistrictKey(call);
         if (!key.isEmpty()) r.oblast = oblastOf(key);
     }
@@ -156,7 +157,7 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest, const
     }
     st.pref = own.pref;
     st.kont = own.kont;
-    if (contest == QLatin1String("wae")) st.qtcs = qtcCount(db);
+    if (contests::def(contest).qtc) st.qtcs = qtcCount(db);
     return st;
 }
 

@@ -2,8 +2,8 @@
 // database and brought back at start; the stored points recomputed when the own call changes;
 // the claimed score of lblscore, kept up to date after each QSO.
 #include "data/session.h"
-#include "contests/catalogue.h"
 #include "contests/claimedscore.h"
+#include "contests/contestdef.h"
 #include "contests/points.h"
 #include "data/databases.h"
 #include "data/schema.h"
@@ -66,7 +66,7 @@ void ContestForm::restoreSession() {
     }
     // The mode before the contest: the championship sets its exchange up by the mode.
     if (s.mode == QLatin1String("SSB") && cmbmod->text() == QLatin1String("CW")) cmbmod_Click();
-    const contests::Contest* c = contests::byCode(s.contest);
+    const contests::ContestDef* c = contests::find(s.contest);
     if (c) {
         selectContest(QLatin1String(c->menuItem), &s.myexch);
         // Also for the contests whose menu item keeps the totals as they were: at start there
