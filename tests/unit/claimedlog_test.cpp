@@ -50,17 +50,21 @@ TEST_F(ClaimedLogTest, TablesInMemoryResolveAsTheQueries) {
 }
 
 TEST_F(ClaimedLogTest, AnEditedPrefixTableIsReadAgain) {
-    ResolvedCalls calls;
-    calls.prepare(db, 1000);
-    EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "DL");
-    // the DXCC window's way of adding a row
-    db.dxcc.run("INSERT INTO tbldxcc (prf, strana, kont, cq, iaru, PREF) "
-                "VALUES ('DL1', 'TESTLAND', 'AF', '33', '46', 'ZZ')");
-    EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "DL"); // one count sees one table
-    calls.prepare(db, 1000);
-    EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "ZZ");
-    EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").kont, "AF");
-    EXPECT_EQ(calls.resolve(db, "cqww", "DL2ABC").pref, "DL");
+    // a count of many rows (tables in memory) and the count of one new QSO (queries)
+    for (size_t rows : {size_t(1000), size_t(1)}) {
+        db.dxcc.exec("DELETE FROM tbldxcc WHERE PREF = 'ZZ'");
+        ResolvedCalls calls;
+        calls.prepare(db, rows);
+        EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "DL");
+        // the DXCC window's way of adding a row
+        db.dxcc.run("INSERT INTO tbldxcc (prf, strana, kont, cq, iaru, PREF) "
+                    "VALUES ('DL1', 'TESTLAND', 'AF', '33', '46', 'ZZ')");
+        EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "DL"); // one count, one table
+        calls.prepare(db, rows);
+        EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").pref, "ZZ") << rows;
+        EXPECT_EQ(calls.resolve(db, "cqww", "DL1ABC").kont, "AF");
+        EXPECT_EQ(calls.resolve(db, "cqww", "DL2ABC").pref, "DL");
+    }
 }
 
 // lblscore kept up to date after each QSO, after an edit and after a clearing, always as a count

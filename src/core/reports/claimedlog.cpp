@@ -79,9 +79,7 @@ ResolvedCall resolveCall(Databases& db, const QString& contest, const QString& c
     return r;
 }
 
-CallTables::CallTables(Databases& db)
-    : dxccHandle_(db.dxcc.handle()), rusHandle_(db.rus.handle()), dxccChanges_(changesOf(db.dxcc)),
-      rusChanges_(changesOf(db.rus)) {
+CallTables::CallTables(Databases& db) {
     // the first row of a prefix that names a country wins, as in the entry line's query
     Stmt& p = db.dxcc.prepared(QStringLiteral(
         "SELECT prf, PREF, kont, strana FROM tbldxcc WHERE length(strana) > 0 ORDER BY rowid"));
@@ -114,16 +112,17 @@ ResolvedCall CallTables::resolve(const QString& contest, const QString& call) co
     return r;
 }
 
-bool CallTables::current(Databases& db) const {
-    return dxccHandle_ == db.dxcc.handle() && rusHandle_ == db.rus.handle() &&
-           dxccChanges_ == changesOf(db.dxcc) && rusChanges_ == changesOf(db.rus);
+TablesStamp TablesStamp::of(Databases& db) {
+    return {db.dxcc.handle(), db.rus.handle(), changesOf(db.dxcc), changesOf(db.rus)};
 }
 
 void ResolvedCalls::prepare(Databases& db, size_t rows) {
-    if (tables_ && !tables_->current(db)) {
+    const TablesStamp now = TablesStamp::of(db);
+    if (!(now == stamp_)) {
         // an edited prefix or district table: every answer kept may have changed
         tables_.reset();
         calls_.clear();
+        stamp_ = now;
     }
     if (!tables_ && rows >= kTablesWorthReading) tables_ = std::make_shared<CallTables>(db);
 }

@@ -26,13 +26,11 @@ contests::ScoreStation scoreStation(Databases& db, const QString& contest, const
                                     const QString& myexch);
 
 // The prefix table (tbldxcc) and the district table (tblrus) read into memory, for counting a
-// whole log: a call costs a few hash probes instead of a query. Read again by ResolvedCalls when
-// either table has been edited since.
+// whole log: a call costs a few hash probes instead of a query.
 class CallTables {
   public:
     explicit CallTables(Databases& db);
     ResolvedCall resolve(const QString& contest, const QString& call) const;
-    bool current(Databases& db) const;
 
   private:
     struct Country {
@@ -40,19 +38,27 @@ class CallTables {
     };
     QHash<QString, Country> prefixes_;  // prf -> the first row of that prefix naming a country
     QHash<QString, QString> districts_; // district key -> oblast code
-    // which connections the tables were read from, and their change counts then
-    const void *dxccHandle_ = nullptr, *rusHandle_ = nullptr;
-    qint64 dxccChanges_ = 0, rusChanges_ = 0;
+};
+
+// Which connections the prefix and district tables are read through and their change counts:
+// an edit of either table (the DXCC window, a restored folder) changes it.
+struct TablesStamp {
+    const void *dxcc = nullptr, *rus = nullptr;
+    qint64 dxccChanges = 0, rusChanges = 0;
+    static TablesStamp of(Databases& db);
+    bool operator==(const TablesStamp&) const = default;
 };
 
 // Calls already resolved for one contest, kept by a caller that counts the log again, so that
-// a count after an edit reads the log and not the tables.
+// a count after an edit of the log reads the log and not the tables. Forgotten when the tables
+// are edited.
 class ResolvedCalls {
   public:
     // A call of contest, from the kept answers, else from the tables: in memory once a count
     // of many rows has asked for them (prepare), else by a query.
     const ResolvedCall& resolve(Databases& db, const QString& contest, const QString& call);
-    // About to resolve rows calls: many of them are worth reading the tables into memory for.
+    // Before each count of rows calls: answers of tables edited since are dropped, and many
+    // calls are worth reading the tables into memory for.
     void prepare(Databases& db, size_t rows);
     void clear();
 
@@ -60,6 +66,7 @@ class ResolvedCalls {
     QString contest_;
     QHash<QString, ResolvedCall> calls_;
     std::shared_ptr<const CallTables> tables_;
+    TablesStamp stamp_;
 };
 
 // The contest's rows of tbllog in entry order, resolved, past rowid afterRowid. cache, if given,
