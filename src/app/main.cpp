@@ -1,12 +1,12 @@
 // hfcontest: the contest logger.
 #include "data/databases.h"
 #include "data/restore.h"
+#include "exportcommand.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "keyer/serialkeyport.h"
 #include "mainwindow.h"
 #include "qtui.h"
-#include "reports/exportcommand.h"
 #include "station/settings.h"
 
 #include <QApplication>

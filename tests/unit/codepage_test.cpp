@@ -1,3 +1,4 @@
+#include "data/oemfile.h"
 #include "testfiles.h"
 #include "text/codepage.h"
 

@@ -4,10 +4,11 @@
 // tmpfs mounts, which only root may make.
 #include "data/backup.h"
 #include "data/databases.h"
+#include "data/oemfile.h"
+#include "exportcommand.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
 #include "script/scriptedui.h"
 #include "testfiles.h"
 #include "text/codepage.h"

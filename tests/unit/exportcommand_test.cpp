@@ -1,7 +1,7 @@
 // `hfcontest export`: the same files as the report window's buttons, and clear refusals.
+#include "exportcommand.h"
 #include "formfixture.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
 #include "testfiles.h"
 
 #include <QDir>

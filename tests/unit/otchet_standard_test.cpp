@@ -1,9 +1,9 @@
 // The standard exports of the report window and of `hfcontest export`: the files are the pure
 // writers' bytes for the log and QTC table, the category boxes reach the header, and the check
 // list shows what a robot would flag without stopping the writing.
+#include "exportcommand.h"
 #include "formfixture.h"
 #include "forms/otchet/otchetform.h"
-#include "reports/exportcommand.h"
 #include "reports/standard/adif3.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/standard/lint.h"

@@ -2,6 +2,7 @@
 // (always after a dated backup), and the Windows-to-DOS code-page conversion of a text file.
 #include "data/backup.h"
 #include "data/databases.h"
+#include "data/oemfile.h"
 #include "data/restore.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"

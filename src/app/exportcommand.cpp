@@ -1,4 +1,4 @@
-#include "reports/exportcommand.h"
+#include "exportcommand.h"
 
 #include "contests/catalogue.h"
 #include "data/databases.h"
