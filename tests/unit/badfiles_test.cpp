@@ -2,7 +2,6 @@
 // missing station log, an unwritable report folder. Each is refused or reported in Russian, and
 // no database is overwritten or emptied. Damage inside a database is in the disk-fault tests.
 #include "data/databases.h"
-#include "exportcommand.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
