@@ -1,6 +1,6 @@
 #include "exportcommand.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "data/databases.h"
 #include "data/schema.h"
 #include "data/session.h"
@@ -25,10 +25,10 @@ const char* const kUsage =
 // opens), else the code a log has before any contest is chosen.
 QString storedContestCode(Db& contest) {
     const QString kept = loadSession(contest).contest;
-    if (contests::byCode(kept)) return kept;
+    if (contests::find(kept)) return kept;
     try {
         const QString title = contest.scalar(QStringLiteral("SELECT contest FROM tbltit LIMIT 1"));
-        for (const contests::Contest& c : contests::catalogue())
+        for (const contests::ContestDef& c : contests::catalogue())
             if (title == QString::fromUtf8(c.title)) return QString::fromUtf8(c.code);
     } catch (const DbError&) {
     }

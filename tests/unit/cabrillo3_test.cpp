@@ -1,9 +1,6 @@
-#include "contests/catalogue.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/standard/contestids.h"
 #include "standardfixture.h"
-
-#include <QRegularExpression>
 
 using namespace hfc;
 
@@ -118,27 +115,4 @@ TEST(Cabrillo3, QtcLinesFollowTheRoleAndAreOnlyForWae) {
 
 TEST(Cabrillo3, AFileNameWithoutACall) {
     EXPECT_EQ(standardExportFileName("", "adi"), "log.adi");
-}
-
-TEST(ContestTable, CoversEveryCatalogueCode) {
-    QStringList catalogue;
-    for (const contests::Contest& c : contests::catalogue()) catalogue << c.code;
-    ASSERT_EQ(catalogue.size(), 43);
-    EXPECT_EQ(standardContestCodes(), catalogue);
-    // Cabrillo names are upper-case words joined by hyphens; ADIF ids are printable ASCII.
-    static const QRegularExpression cabrillo(QStringLiteral("^[A-Z0-9]+(-[A-Z0-9]+)*$"));
-    static const QRegularExpression adif(QStringLiteral("^[ -~]+$"));
-    for (const QString& code : catalogue) {
-        for (QsoMode m : {QsoMode::Cw, QsoMode::Ssb}) {
-            EXPECT_TRUE(cabrillo.match(cabrilloContestName(code, m)).hasMatch())
-                << code.toStdString();
-            EXPECT_TRUE(adif.match(adifContestId(code, m)).hasMatch()) << code.toStdString();
-        }
-    }
-    EXPECT_EQ(cabrilloContestName("cqww", QsoMode::Ssb), "CQ-WW-SSB");
-    EXPECT_EQ(cabrilloContestName("rudx", QsoMode::Ssb), "RDXC");
-    EXPECT_EQ(adifContestId("aa", QsoMode::Ssb), "ALL-ASIAN-DX-PHONE");
-    EXPECT_EQ(adifContestId("lzd", QsoMode::Cw), "LZ DX");
-    EXPECT_EQ(cabrilloContestName("hi hi", QsoMode::Cw), "");
-    EXPECT_EQ(standardContest("es"), nullptr) << "codes are compared as the catalogue spells them";
 }

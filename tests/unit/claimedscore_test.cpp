@@ -1,8 +1,8 @@
 // The claimed score by the sponsors' rules: the rule families on rows as real calls resolve,
 // every contest of the menu known, and a CQ WW log typed through the entry line against a count
 // by hand.
-#include "contests/catalogue.h"
 #include "contests/claimedscore.h"
+#include "contests/contestdef.h"
 #include "data/session.h"
 #include "entryfixture.h"
 #include "reports/claimedlog.h"
@@ -60,6 +60,29 @@ TEST(ClaimedScore, ZonesAndCountriesPerBandCountTheOwnCountryAndMaritimeMobilesB
     EXPECT_EQ(s.mults, 9);
     EXPECT_EQ(s.total, 90);
     EXPECT_EQ(s.breakdown, "10 оч. × 9 мн. = 90");
+}
+
+// The Helvetia Contest's worked example (USKA rules as conval's rules/helvetia.yaml gives
+// them): a German entrant, Swiss cantons and countries per band, a repeat counting nothing.
+TEST(ClaimedScore, HelvetiaWorkedExample) {
+    ScoreStation dl = ua3();
+    dl.call = "DL1XYZ";
+    dl.pref = "DL";
+    const ClaimedScore s =
+        contests::claimedScore("hel",
+                               {
+                                   row("HB9ABC", "14", "ZH", 3, "HB", "EU"),  // 10, ZH + HB
+                                   row("HB9XYZ", "14", "BE", 3, "HB", "EU"),  // 10, BE
+                                   row("DL1ABC", "14", "001", 0, "DL", "EU"), // 1, DL
+                                   row("K1ABC", "14", "002", 0, "K", "NA"),   // 3, K
+                                   row("HB9ABC", "14", "ZH", 3, "HB", "EU", "", "SSB"),
+                                   row("HB9ABC", "14", "ZH", 0, "HB", "EU", "", "DUPE"),
+                                   row("HB9ABC", "7", "ZH", 3, "HB", "EU"), // 10, ZH + HB on 40 m
+                               },
+                               dl);
+    EXPECT_EQ(s.points, 44);
+    EXPECT_EQ(s.mults, 7);
+    EXPECT_EQ(s.total, 308);
 }
 
 TEST(ClaimedScore, PrefixesCountOncePerContestInWpxAndPerBandWhereTheSponsorSaysSo) {
@@ -179,7 +202,7 @@ TEST(ClaimedScore, EveryContestOfTheMenuHasItsSponsorsRules) {
     ScoreRow member = row("DL3ABC", "14", "001/1234", 2, "DL", "EU", "DL3");
     area.oblast = "MA";
     area.mult = "DL1";
-    for (const contests::Contest& c : contests::catalogue()) {
+    for (const contests::ContestDef& c : contests::catalogue()) {
         ScoreStation st = ua3();
         st.myexch = "55N37O";
         const ClaimedScore s = contests::claimedScore(c.code, {area, zone, member}, st);
@@ -248,6 +271,25 @@ TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
     EXPECT_EQ(s.mults, 33);
     EXPECT_EQ(s.total, 1188);
     EXPECT_EQ(text("lblscore"), "Заявка: 36 оч. × 33 мн. = 1188");
+}
+
+// CQ WPX's worked example (rules as conval's rules/cq-wpx-cw.yaml gives them), typed through
+// the entry line from a German station: points by continent and band, prefixes once.
+TEST_F(CqwwLog, WpxWorkedExample) {
+    form->setFocus("TXTNCALL");
+    form->TXTNCALL->setText("");
+    form->typeText("DL1XYZ\r");
+    form->fire("mnuwpx_Click");
+    qso("3,5", "K1AB", "001");   // 6, K1
+    qso("21", "K1AB", "002");    // 3
+    qso("3,5", "EA1ABC", "003"); // 2, EA1
+    qso("21", "EA2ABC", "004");  // 1, EA2
+    qso("3,5", "DL1ABC", "005"); // 1, DL1
+    qso("21", "DL1ABC", "006");  // 1
+    const ClaimedScore s = claimedScoreOfLog(db, "wpx", "DL1XYZ", form->myexch);
+    EXPECT_EQ(s.points, 14);
+    EXPECT_EQ(s.mults, 4);
+    EXPECT_EQ(text("lblscore"), "Заявка: 14 оч. × 4 мн. = 56");
 }
 
 TEST_F(CqwwLog, ANewOwnCallRescoresTheLog) {

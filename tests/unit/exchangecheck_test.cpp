@@ -1,6 +1,6 @@
 // The "Неверно" mark on Enter: what it stops, how the operator confirms or corrects, which marks
 // it leaves alone; the counts that read earlier QSOs; the own station.
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "contests/exchangecheck.h"
 #include "contests/locator.h"
 #include "scoringfixture.h"
@@ -116,7 +116,7 @@ TEST_F(ExchangeCheck, TheOwnStationIsResolvedFromTheOwnCall) {
 }
 
 TEST(ExchangeRules, EveryContestHasAPointsRuleAndACheck) {
-    for (const contests::Contest& c : contests::catalogue()) {
+    for (const contests::ContestDef& c : contests::catalogue()) {
         const QString code = QLatin1String(c.code);
         EXPECT_TRUE(hasExchangeCheck(code)) << c.code;
         // RAEM and UBA score through their own procedures

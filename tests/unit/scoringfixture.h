@@ -1,7 +1,7 @@
 #pragma once
 // Real QSOs logged through the entry line, key by key, one contest at a time: the points they
 // are stored with, or the "Неверно" mark when the exchange is refused.
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "entryfixture.h"
 
 namespace hfc::test {

@@ -3,7 +3,7 @@
 // clearing and Esc in the other windows.
 #include "entryfixture.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "data/rates.h"
 #include "forms/chooser/chooserform.h"
 #include "keyer/serialkeyport.h"

@@ -1,7 +1,7 @@
 // The seed tables as a new data folder gets them: the rows the country and district logic
 // depends on, and the shape every row must have. Resolving real calls against them is in the
 // country tests.
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "data/databases.h"
 
 #include <QTemporaryDir>
@@ -65,7 +65,7 @@ TEST_F(SeedTest, DistrictTableMapsCallAreasToOblastCodes) {
 
 TEST_F(SeedTest, HelpTableHasOneRulesRowPerContest) {
     QStringList codes;
-    for (const contests::Contest& c : contests::catalogue()) codes << c.code;
+    for (const contests::ContestDef& c : contests::catalogue()) codes << c.code;
     codes.sort();
     EXPECT_EQ(db.help.column("SELECT CONTEST FROM tblhelp ORDER BY CONTEST"), codes);
     for (const QStringList& r : db.help.query("SELECT CONTEST, TXTHELP, rezgod || rezmod || rezul "

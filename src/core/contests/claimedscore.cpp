@@ -2,6 +2,7 @@
 // final formula. Sources of each row are listed in docs/contests.md.
 #include "contests/claimedscore.h"
 
+#include "contests/contestdef.h"
 #include "contests/groups.h"
 
 #include <cmath>
@@ -113,9 +114,18 @@ const ContestScoring* scoringFor(const QString& code) {
     return nullptr;
 }
 
+// Whether pref is one of the blank-separated list; read in place, as it runs for every QSO of
+// a count.
 bool inList(const QString& pref, const char* list) {
     if (!list || pref.isEmpty()) return false;
-    return QString::fromLatin1(list).split(QLatin1Char(' ')).contains(pref);
+    const QLatin1String all(list);
+    for (qsizetype start = 0; start <= all.size();) {
+        qsizetype end = all.indexOf(QLatin1Char(' '), start);
+        if (end < 0) end = all.size();
+        if (pref == all.sliced(start, end - start)) return true;
+        start = end + 1;
+    }
+    return false;
 }
 
 bool allDigits(const QString& s) {
@@ -237,6 +247,10 @@ qint64 sponsorPoints(const QString& contest, const ScoreRow& r, const ScoreStati
         if (!sameKont) return 3;
         return r.kont == QLatin1String("NA") ? 2 : 1;
     }
+    if (contest == QLatin1String("kcj")) {
+        // KCJ (2022): Japan 2, others 1
+        return r.pref == QLatin1String("JA") ? 2 : 1;
+    }
     if (contest == QLatin1String("lzd")) {
         // LZ DX: Bulgaria 10, other continents 3, own continent (own country too) 1
         if (r.pref == QLatin1String("LZ")) return 10;
@@ -248,10 +262,10 @@ qint64 sponsorPoints(const QString& contest, const ScoreRow& r, const ScoreStati
 } // namespace
 
 ClaimedTally::ClaimedTally(const QString& contest, const ScoreStation& station)
-    : contest_(contest), station_(station) {}
+    : contest_(contest), station_(station), scoring_(scoringFor(contest)) {}
 
 void ClaimedTally::add(const ScoreRow& row) {
-    const ContestScoring* s = scoringFor(contest_);
+    const auto* s = static_cast<const ContestScoring*>(scoring_);
     if (!s || row.mode == QLatin1String("DUPE") || row.call.isEmpty() ||
         row.call == QLatin1String("\""))
         return;
@@ -280,7 +294,7 @@ ClaimedScore ClaimedTally::result() const {
     r.qsos = qsos_;
     r.points = points_;
     r.mults = mults_.size();
-    const ContestScoring* s = scoringFor(contest_);
+    const auto* s = static_cast<const ContestScoring*>(scoring_);
     const Formula f = s ? s->formula : Formula::Sum;
     switch (f) {
     case Formula::Product:
@@ -367,10 +381,7 @@ QString numericExchange(const QString& exchange) {
 }
 
 bool hasNumericExchange(const QString& contest) {
-    // not the contests where the same box may hold a serial number: "001" must stay as sent
-    for (const char* c : {"cqww", "iaru", "lzd", "euhf", "yo", "yu"})
-        if (contest == QLatin1String(c)) return true;
-    return false;
+    return def(contest).numericExchange;
 }
 
 } // namespace hfc::contests

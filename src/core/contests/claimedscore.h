@@ -52,6 +52,7 @@ class ClaimedTally {
   private:
     QString contest_;
     ScoreStation station_;
+    const void* scoring_ = nullptr; // the contest's row of the sponsors' table, looked up once
     qint64 qsos_ = 0, scoringQsos_ = 0, points_ = 0, bonus_ = 0;
     QSet<QString> mults_;        // "scope|kind|key"
     QHash<QString, int> weight_; // WAE: multipliers per band

@@ -1,6 +1,6 @@
 #include "contests/exchangecheck.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "contests/groups.h"
 #include "contests/locator.h"
 #include "contests/scoring.h"
@@ -56,7 +56,7 @@ bool listed(const char* contest, const QString& ex, const char* extra = "") {
     auto it = sets.find(key);
     if (it == sets.end()) {
         QSet<QString> codes;
-        if (const contests::Contest* k = contests::byCode(QLatin1String(contest)))
+        if (const contests::ContestDef* k = contests::find(QLatin1String(contest)))
             for (int i = 0; i < k->boxes; ++i) {
                 const QString box = contests::windowBox(*k, i).trimmed();
                 if (!box.isEmpty()) codes.insert(box);

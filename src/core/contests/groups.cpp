@@ -1,4 +1,5 @@
 #include "contests/groups.h"
+#include "contests/contestdef.h"
 
 #include <QStringList>
 
@@ -51,10 +52,7 @@ bool isPortable(const QString& call) {
 }
 
 MultScope multScope(const QString& contestcode) {
-    if (contestcode == QLatin1String("tops") || contestcode == QLatin1String("wpx"))
-        return MultScope::Contest;
-    if (contestcode == QLatin1String("vkzl")) return MultScope::SentReport;
-    return MultScope::Band;
+    return def(contestcode).multScope;
 }
 
 bool isLowBand(const QString& band) {

@@ -1,18 +1,23 @@
 #include "contests/historycolumn.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 
 #include <algorithm>
 
 namespace hfc::contests {
 
 // The contests whose exchange follows from the call (a zone, an oblast) say so in their
-// switches; their history column is the one that holds that value.
+// definition; their history column is the one that holds that value.
 QString historyColumn(const QString& code) {
-    if (code == QLatin1String("rudx")) return QStringLiteral("Loc1");
-    if (const Switches* s = switchesFor(code)) {
-        if (s->cqfill == 0) return QStringLiteral("CQZone");
-        if (s->itufill == 0) return QStringLiteral("ITUZone");
+    switch (def(code).fromCall) {
+    case ExchangeFromCall::Oblast:
+        return QStringLiteral("Loc1");
+    case ExchangeFromCall::CqZone:
+        return QStringLiteral("CQZone");
+    case ExchangeFromCall::ItuZone:
+        return QStringLiteral("ITUZone");
+    case ExchangeFromCall::None:
+        break;
     }
     return QStringLiteral("Exch1");
 }

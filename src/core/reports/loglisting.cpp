@@ -1,3 +1,4 @@
+#include "contests/contestdef.h"
 #include "reports/reporttext.h"
 #include "reports/writers.h"
 #include "text/columns.h"
@@ -21,7 +22,7 @@ QString zoneColumn(const LogRow& r) {
 
 QByteArray logListing(const QString& contestcode, const QList<LogRow>& rowsInLogOrder) {
     ReportText out;
-    if (contestcode == QLatin1String("chemp"))
+    if (contests::def(contestcode).russianListing)
         out.line(QStringLiteral("   DATE    UTC  MHZ  CALL         Передан        Пренятый      "
                                 "Зоны  Корр Связи "));
     else

@@ -6,18 +6,17 @@
 namespace hfc {
 
 const ReportScoring& reportScoring(const QString& contestcode) {
+    if (const contests::ContestDef* c = contests::find(contestcode)) return c->report;
     using R = ReportScoring::Rule;
     // "32" and "45" are not set by any menu entry; their rows are kept so that a log carrying
     // those codes still scores the way it always has.
-    static const QHash<QString, ReportScoring> table = {
-        {QStringLiteral("chemp"), {100, 10, R::Sum, true}},
+    static const QHash<QString, ReportScoring> legacy = {
         {QStringLiteral("32"), {10, 1, R::Product, false}},
         {QStringLiteral("45"), {15, 5, R::Product, true}},
-        {QStringLiteral("lzo"), {1, 1, R::PointsOnly, false}},
     };
     static const ReportScoring general;
-    const auto it = table.constFind(contestcode);
-    return it == table.constEnd() ? general : *it;
+    const auto it = legacy.constFind(contestcode);
+    return it == legacy.constEnd() ? general : *it;
 }
 
 long long claimedScore(const ReportScoring& s, long long firstTotal, long long secondTotal,

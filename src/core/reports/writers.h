@@ -29,7 +29,7 @@ QByteArray cabrilloFile(const StationBoxes& st, const QList<LogRow>& rowsInLogOr
 // ADIF 1.0 log, one QSO a line; rows without a worked call are left out.
 QByteArray adifFile(const QList<LogRow>& rowsInLogOrder);
 
-// Fixed-column ".LOG" listing; the "chemp" contest gets the Russian heading.
+// Fixed-column ".LOG" listing; a contest whose definition asks for it gets the Russian heading.
 QByteArray logListing(const QString& contestcode, const QList<LogRow>& rowsInLogOrder);
 
 // ".SUM" summary sheet from the window's boxes; it does not read the log.

@@ -1,13 +1,13 @@
 #include "forms/chooser/chooserform.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 
 namespace hfc {
 
 using K = Control::Kind;
 
 namespace {
-QString entryText(const contests::Contest& c) {
+QString entryText(const contests::ContestDef& c) {
     return QStringLiteral("%1 — %2 — %3")
         .arg(QString::fromUtf8(c.caption), QString::fromUtf8(c.title).simplified(),
              QString::fromUtf8(c.code));
@@ -21,7 +21,7 @@ QStringList matchingContests(const QString& filter) {
     // then those whose menu name begins with it, then the rest, each in menu order.
     QStringList exact, starts, out;
     for (const QString& item : contests::menuOrder()) {
-        const contests::Contest* c = contests::byMenuItem(item);
+        const contests::ContestDef* c = contests::byMenuItem(item);
         if (!c) continue;
         const QString hay = QString::fromUtf8(c->code) + QLatin1Char(' ') +
                             QString::fromUtf8(c->caption) + QLatin1Char(' ') +

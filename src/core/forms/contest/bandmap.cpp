@@ -202,14 +202,16 @@ QString ContestForm::spotMark(const QString& call) {
         resolveCall(call, row);
         if (dxccmult == 0) c.mult = row.pref;
         if (pfxmult == 0) c.mult = callPrefix(call);
-        if (contestcode == QLatin1String("uba")) {
+        const contests::ContestDef& def = contestDef();
+        if (def.extra == contests::EntryRule::UbaCountries) {
             if (row.pref == QLatin1String("ON") || inEuropeanList(row.pref)) c.mult = row.pref;
-        } else if (contestcode == QLatin1String("yu")) {
+        } else if (def.extra == contests::EntryRule::YuCountry) {
             c.mult = row.pref == QLatin1String("YU") ? row.pref : QString();
         }
         // The exchange that follows from the call: the district in RDXC, else a zone.
         QString exchange;
-        if (contestcode == QLatin1String("rudx") && row.strana == QLatin1String("RUSSIAN"))
+        if (def.fromCall == contests::ExchangeFromCall::Oblast &&
+            row.strana == QLatin1String("RUSSIAN"))
             lookupDistrict(russianDistrictKey(call), nullptr, nullptr, &exchange);
         if (itufill == 0) exchange = row.itu;
         if (cqfill == 0) exchange = row.cq;

@@ -107,8 +107,9 @@ void ContestForm::setMode(const QString& mode) {
     lblrsts->setText(rst);
     rstdef = rst;
     keepSession(QStringLiteral("mode"), cmbmod->text());
-    // The championship's exchange depends on the mode: set it up again.
-    if (contestcode == QLatin1String("chemp")) fire(QStringLiteral("mnuchemp_Click"));
+    // An exchange that depends on the mode (the championship's): the contest is set up again.
+    if (const contests::ContestDef& def = contestDef(); def.reselectOnMode)
+        fire(QLatin1String(def.menuItem) + QStringLiteral("_Click"));
 }
 
 void ContestForm::cmbmod_KeyPress(Event& e) {

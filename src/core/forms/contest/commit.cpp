@@ -130,7 +130,7 @@ bool ContestForm::wwodadd() {
     txtstran5->setText(QString());
     ++qsorun;
     txtrepit->setVisible(false);
-    if (contestcode == QLatin1String("chemp")) lblrstr->setText(QString());
+    if (contestDef().reportTyped) lblrstr->setText(QString());
     DBList1->setItems({});
     DBList1->setText(QString());
     DBGrid1->setRows({});

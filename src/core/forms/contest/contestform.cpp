@@ -1,6 +1,6 @@
 #include "forms/contest/contestform.h"
 
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 
 #include "data/databases.h"
 #include "forms/clock.h"

@@ -21,6 +21,7 @@
 //   rates.cpp         the QSO rates from the log, the status line
 //   logcheck.cpp      the log check of the "Сервис" menu
 //   scp.cpp           super check partial, one-off calls, call history
+#include "contests/contestdef.h"
 #include "data/logtally.h"
 #include "data/workedcalls.h"
 #include "forms/form.h"
@@ -107,6 +108,8 @@ class ContestForm : public Form {
 
     // ---------------------------------------------------------------- form-level state
     QString contestcode = QStringLiteral("hi hi");
+    // The definition of contestcode (a script may set the code itself): the rules of the row.
+    const contests::ContestDef& contestDef() const;
     QString myexch;
     QString curband;
     QString rstdef = QStringLiteral("599");
@@ -427,7 +430,10 @@ class ContestForm : public Form {
     void showKeyerSpeed();
     void showPorts();
     QHash<QString, Form*> subForms_;
-    std::unique_ptr<LogTally> tally_;  // recount.cpp
+    std::unique_ptr<LogTally> tally_; // recount.cpp
+    // selection.cpp: the definition of the code last asked for, found again when it changes
+    mutable QString defCode_;
+    mutable const contests::ContestDef* def_ = nullptr;
     std::unique_ptr<MultiOp> multiop_; // station.cpp
     // rig.cpp
     Rig* rig_ = nullptr;                   // owned (a child), created for the first radio

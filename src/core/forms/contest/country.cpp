@@ -106,7 +106,7 @@ bool ContestForm::resolveCall(const QString& call, CountryRow& row) {
 
 void ContestForm::refineRussian(const QString& call, CountryRow& row) {
     refineRussianArea(call, row.pref, row.kont);
-    if (contestcode == QLatin1String("cqm")) row.pref = cqmPrefix(call, row.pref);
+    if (contestDef().cqmAreas) row.pref = cqmPrefix(call, row.pref);
     // A district the table does not know keeps the zones of the prefix table.
     if (call.size() > 3) lookupDistrict(russianDistrictKey(call), &row.itu, &row.cq, nullptr);
 }
@@ -135,7 +135,8 @@ void ContestForm::EU13() {
 }
 
 void ContestForm::eucountry() {
-    if (contestcode == QLatin1String("uba")) {
+    const contests::EntryRule rule = contestDef().extra;
+    if (rule == contests::EntryRule::UbaCountries) {
         if (callpref == QLatin1String("ON")) {
             txtpoint->setText(QStringLiteral("10"));
             multcand = callpref;
@@ -149,7 +150,7 @@ void ContestForm::eucountry() {
             txtpoint->setText(QStringLiteral("3"));
         }
         if (txtpoint->text() == QLatin1String("0")) txtpoint->setText(QStringLiteral("1"));
-    } else if (contestcode == QLatin1String("yu")) {
+    } else if (rule == contests::EntryRule::YuCountry) {
         if (callpref == QLatin1String("YU")) {
             multcand = callpref;
             multcheck();

@@ -17,12 +17,6 @@ void ContestForm::registerEntry() {
 
 namespace {
 
-bool isOneOf(const QString& code, std::initializer_list<const char*> codes) {
-    for (const char* c : codes)
-        if (code == QLatin1String(c)) return true;
-    return false;
-}
-
 // Minutes since midnight of "hh:mm…".
 int minutesOf(const QString& t) {
     return int(val(t.left(2))) * 60 + int(val(t.mid(3, 2)));
@@ -64,8 +58,7 @@ void ContestForm::txtcall_KeyPress(Event& e) {
 
 void ContestForm::leaveCall() {
     if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
-        if (!txtcall->text().isEmpty())
-            setFocus(contestcode == QLatin1String("chemp") ? lblrstr : txtrstr);
+        if (!txtcall->text().isEmpty()) setFocus(contestDef().reportTyped ? lblrstr : txtrstr);
     } else {
         setFocus(txtdate); // manual date and time: confirm them for every QSO
     }
@@ -88,7 +81,7 @@ void ContestForm::wipeEntry() {
     DBList1->setItems({});
     DBList1->setText(QString());
     DBGrid1->setRows({});
-    if (contestcode == QLatin1String("chemp")) lblrstr->setText(QString());
+    if (contestDef().reportTyped) lblrstr->setText(QString());
     setFocus(txtcall);
 }
 
@@ -131,36 +124,43 @@ void ContestForm::WWOD() {
     const QString end = call + QChar(0xFFFF);
     Db& db = logDb();
     QStringList calls;
-    if (contestcode == QLatin1String("chemp")) {
+    const contests::ContestDef& def = contestDef();
+    switch (def.partial) {
+    case contests::PartialList::ExactCall:
         calls = db.column(QStringLiteral("SELECT ccall FROM tbllog WHERE ps2 = ?1 AND ccall = ?2 "
                                          "ORDER BY rowid"),
                           {contestcode, call});
-    } else if (contestcode == QLatin1String("bal")) {
+        break;
+    case contests::PartialList::DefaultReport:
         calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
                                          "AND ccall >= ?2 AND ccall < ?3 AND rstr = ?4 "
                                          "ORDER BY ccall"),
                           {contestcode, call, end, rstdef});
-    } else if (isOneOf(contestcode, {"ari", "hol", "sp", "arrl10", "ukr"})) {
+        break;
+    case contests::PartialList::BandAndReport:
         calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
                                          "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
                                          "AND rstr = ?5 ORDER BY ccall"),
                           {contestcode, curband, call, end, lblrstr->text()});
-    } else {
+        break;
+    case contests::PartialList::Band:
         calls = db.column(QStringLiteral("SELECT DISTINCT ccall FROM tbllog WHERE ps2 = ?1 "
                                          "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
                                          "ORDER BY ccall"),
                           {contestcode, curband, call, end});
+        break;
     }
     // The list's current entry is its first row, as after a re-read.
     DBList1->setText(calls.value(0));
     DBList1->setItems(calls);
 
-    if (isOneOf(contestcode, {"chemp", "ES"})) {
+    if (def.time == contests::TimeRule::None) return;
+    if (def.timeListPerBand()) {
         timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
                                            "AND bband = ?2 AND ccall >= ?3 AND ccall < ?4 "
                                            "ORDER BY ccall, ttime"),
                             {contestcode, curband, call, end});
-    } else if (isOneOf(contestcode, {"lzo", "raem"})) {
+    } else {
         timelist = db.query(QStringLiteral("SELECT ccall, ttime FROM tbllog WHERE ps2 = ?1 "
                                            "AND ccall >= ?2 AND ccall < ?3 ORDER BY ccall, ttime"),
                             {contestcode, call, end});
@@ -215,7 +215,7 @@ void ContestForm::wwodcall() {
     }
 
     // The received exchange that follows from the call.
-    if (contestcode == QLatin1String("rudx")) {
+    if (contestDef().fromCall == contests::ExchangeFromCall::Oblast) {
         if (callstrana == QLatin1String("RUSSIAN")) {
             rusdx();
             txtrstr->setText(kodsrr);
@@ -235,7 +235,7 @@ void ContestForm::wwodcall() {
         multcand = callprf;
         multcheck();
     }
-    if (isOneOf(contestcode, {"uba", "yu"})) eucountry();
+    eucountry(); // the country rules of UBA and YU; nothing for the other contests
     wwodrstr();
     qsopoints();
     applyRepeatRules();
@@ -246,13 +246,14 @@ void ContestForm::applyRepeatRules() {
     const QString now = txttime->text();
     bool early = false;
     const bool firstIsCall = !timelist.empty() && timelist.front().value(0) == call;
-    if (contestcode == QLatin1String("lzo")) {
+    const contests::ContestDef& def = contestDef();
+    if (def.time == contests::TimeRule::ThirtyMinutes) {
         // The same station again only 30 minutes later, on any band; no wrap at midnight, so a
         // QSO just after midnight counts as too early.
         if (firstIsCall)
             for (const QStringList& r : timelist)
                 if (r.value(0) == call && minutesOf(now) - minutesOf(r.value(1)) < 30) early = true;
-    } else if (isOneOf(contestcode, {"chemp", "ES", "raem"})) {
+    } else if (def.time == contests::TimeRule::HourOnBand || def.time == contests::TimeRule::Hour) {
         // One QSO per station and clock hour. Only rows of this very call count: a longer call
         // that begins with it is another station.
         if (firstIsCall)
@@ -267,9 +268,9 @@ void ContestForm::applyRepeatRules() {
         return;
     }
     txtrepit->setVisible(false);
-    // The plain repeat: the list's current entry is the call itself. "chemp" lists the exact
-    // call on every band, so there any earlier QSO is a repeat.
-    if (isOneOf(contestcode, {"lzo", "ES", "raem"})) return;
+    // The plain repeat: the list's current entry is the call itself. A list of the exact call
+    // on every band makes any earlier QSO a repeat.
+    if (!def.repeatByList) return;
     if (!call.isEmpty() && DBList1->text() == call) {
         txtrepit->setText(QStringLiteral("Повтор"));
         txtrepit->setVisible(true);

@@ -50,7 +50,7 @@ void ContestForm::wwodrstr() {
         pscand = txtrstr->text();
         pscheck();
     }
-    if (contestcode == QLatin1String("raem")) raemscore();
+    if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
 }
 
 bool ContestForm::oblastKnown(const QString& code) {
@@ -101,7 +101,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
         }
         if (replace) txtrstr->setText(QString());
         rearmCheck();
-        if (contestcode == QLatin1String("sac")) SAC1();
+        if (contestDef().extra == contests::EntryRule::SacArea) SAC1();
         return;
     }
     if (e.keyAscii == keys::Backspace) rearmCheck();
@@ -114,10 +114,9 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
         return;
     }
     if (!checkExchange()) return; // corrected or confirmed by the next Enter
-    if (contestcode == QLatin1String("raem")) raemscore();
+    if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
     // A zone is a number: "5" is the zone "05" already worked, and is logged as "05".
-    if (contests::hasNumericExchange(contestcode))
-        txtrstr->setText(contests::numericExchange(txtrstr->text()));
+    if (contestDef().numericExchange) txtrstr->setText(contests::numericExchange(txtrstr->text()));
     if (countsExchange()) {
         pscand = txtrstr->text();
         pscheck();
@@ -125,7 +124,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     scoringEntered = true;
     qsopoints();
     scoringEntered = false;
-    if (contestcode == QLatin1String("raem")) raemscore();
+    if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
     if (txtrepit->visible()) txtpoint->setText(QStringLiteral("0"));
     // Before the commit, which clears the call and exchange the text may name.
     if (esmOn()) esmThanks();
@@ -140,11 +139,12 @@ void ContestForm::rearmCheck() {
 
 void ContestForm::txtrstr_GotFocus() {
     rstrselected = !txtrstr->text().isEmpty();
-    if (contestcode == QLatin1String("sac")) SAC();
+    if (contestDef().extra == contests::EntryRule::SacArea) SAC();
 }
 
 void ContestForm::lblrstr_KeyPress(Event& e) {
-    // The received report of "chemp": digits only; Enter goes on to the exchange.
+    // The typed received report (the championship's zone): digits only; Enter goes on to the
+    // exchange.
     e.keyAscii = filterKey(e.keyAscii, digits, 0, 0);
     if (e.keyAscii > 26 || e.keyAscii == keys::Backspace) rearmCheck(); // a correction
     if (e.keyAscii == keys::Enter) setFocus(txtrstr);

@@ -96,7 +96,7 @@ void ContestForm::Form_KeyDown(Event& e) {
         return;
     }
     if (messageKey) sendKeyMessage(e.keyCode);
-    if (contestcode == QStringLiteral("wae") && e.keyCode == keys::F1) openQtc();
+    if (contestDef().qtc && e.keyCode == keys::F1) openQtc();
 }
 
 bool ContestForm::sendKeyMessage(int keyCode) {

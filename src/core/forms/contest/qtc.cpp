@@ -103,7 +103,7 @@ void ContestForm::qtcfill() {
 }
 
 void ContestForm::qtcreset() {
-    if (contestcode == QStringLiteral("wae")) {
+    if (contestDef().qtc) {
         if (msgbox(QStringLiteral("ВЫ СОСТАВИЛИ ОТЧЕТ QTC ?"), QStringLiteral("Удаление данных"),
                    Ui::Buttons::YesNo) != Ui::Answer::Yes)
             return;

@@ -16,19 +16,11 @@ LogTally& ContestForm::tally() {
     return *tally_;
 }
 
-namespace {
-// Contests whose panel shows point sums: per band for the championship, in the multiplier total
-// for the contests without multipliers.
-bool countsPoints(const QString& code) {
-    return code == QLatin1String("chemp") || code == QLatin1String("lzo") ||
-           code == QLatin1String("bal");
-}
-} // namespace
-
 void ContestForm::nextserial() {
     Db& db = logDb();
+    const contests::ContestDef& def = contestDef();
     LogTally& t = tally();
-    t.sync(contestcode, countsPoints(contestcode));
+    t.sync(contestcode, def.countsPoints());
     TXTRSTS2->setText(num(t.qsos() - othersQsos()));
 
     if (fixexch != 0)
@@ -36,17 +28,19 @@ void ContestForm::nextserial() {
     else
         txtrsts->setText(contests::padSerial(val(TXTRSTS2->text()) + 1));
 
-    if (contestcode == QLatin1String("raem")) {
+    switch (def.second) {
+    case contests::SecondSent::Serial: {
         // serial and own coordinates go out as two elements
         lblrsts->setText(txtrsts->text());
         txtrsts->setText(myexch);
         lblrstr->setText(QString());
+        break;
     }
-    if (contestcode == QLatin1String("chemp")) {
+    case contests::SecondSent::Counter:
         lblrstr->setText(QString());
         lblrsts->setText(QStringLiteral("1"));
-    }
-    if (contestcode == QLatin1String("lzo")) {
+        break;
+    case contests::SecondSent::PassedOn: {
         // The exchange passes on the number received in the previous QSO.
         QString pass;
         if (txtrsts->text() == QLatin1String("001")) {
@@ -62,6 +56,10 @@ void ContestForm::nextserial() {
         }
         lblrsts->setText(txtrsts->text());
         txtrsts->setText(pass);
+        break;
+    }
+    case contests::SecondSent::None:
+        break;
     }
 }
 
@@ -69,9 +67,10 @@ void ContestForm::nextserial() {
 // (placeholders included, as logged), or for the championship the summed points. The tally
 // keeps these between calls, so the recount after each QSO costs a few index probes.
 void ContestForm::recount() {
-    const bool chemp = contestcode == QLatin1String("chemp");
+    const contests::ContestDef& def = contestDef();
+    const bool chemp = def.totals == contests::Totals::PointsPerBand;
     LogTally& t = tally();
-    t.sync(contestcode, countsPoints(contestcode));
+    t.sync(contestcode, def.countsPoints());
     const auto sumText = [](std::optional<qint64> v) {
         return v ? QString::number(*v) : QString();
     };
@@ -91,7 +90,7 @@ void ContestForm::recount() {
     multtot1->setText(num(m1sum));
 
     // Contests without multipliers show their point total in the multiplier total.
-    if (contestcode == QLatin1String("lzo") || contestcode == QLatin1String("bal")) {
+    if (def.totals == contests::Totals::PointsOnly) {
         const QString points = sumText(t.points());
         multtot->setText(points.isEmpty() ? QStringLiteral("0") : points);
     }

@@ -45,7 +45,7 @@ void ContestForm::emitCatOnBandEnter(int index) {
         if (ftLine_ && !ftLine_->send(block, why)) msgbox(why, QStringLiteral("Ошибка !!!"));
     }
     bandprev = index;
-    if (contestcode == QStringLiteral("sac")) SAC2();
+    if (contestDef().extra == contests::EntryRule::SacArea) SAC2();
 }
 
 void ContestForm::mnusettings_Click() {

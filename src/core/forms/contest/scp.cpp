@@ -1,6 +1,6 @@
 // Beside the call box: super check partial (lstscp), calls one character off (lstnp1), and what
 // the call history knows of the typed call (the exchange, the name in lblname).
-#include "contests/catalogue.h"
+#include "contests/contestdef.h"
 #include "contests/historycolumn.h"
 #include "data/databases.h"
 #include "data/schema.h"
@@ -117,7 +117,8 @@ void ContestForm::historyfill() {
     }
     // The call changed to one without an entry: the exchange the history put there was another
     // station's and goes with it. Contests that fill the exchange from the call did that anew.
-    const bool filledFromCall = cqfill == 0 || itufill == 0 || contestcode == QLatin1String("rudx");
+    const bool filledFromCall =
+        cqfill == 0 || itufill == 0 || contestDef().fromCall == contests::ExchangeFromCall::Oblast;
     if (!filledFromCall && !histfilled.isEmpty() && txtrstr->text() == histfilled)
         txtrstr->setText(QString());
     histfilled.clear();
@@ -192,7 +193,7 @@ void ContestForm::mnuhistory_Click() {
     QSet<QString> calls;
     while (s.step()) {
         const QString call = s.text(0), code = s.text(1), value = s.text(2);
-        if (!contests::byCode(code)) continue;
+        if (!contests::find(code)) continue;
         const QString column = contests::historyColumn(code);
         if (column == QLatin1String("Exch1") && code != contestcode) continue;
         if (!contests::historyValueFits(column, value)) continue;

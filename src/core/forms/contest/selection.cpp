@@ -1,5 +1,5 @@
-// Contest selection: one handler per menu item, all driven by the contest catalogue.
-#include "contests/catalogue.h"
+// Contest selection: one handler per menu item, all driven by the contests' definitions.
+#include "contests/contestdef.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
@@ -28,25 +28,26 @@ void ContestForm::registerSelection() {
 }
 
 void ContestForm::selectContest(const QString& menuItem, const QString* keptExch) {
-    const contests::Contest* c = contests::byMenuItem(menuItem);
+    const contests::ContestDef* c = contests::byMenuItem(menuItem);
     if (!c) return;
     const QString code = QLatin1String(c->code);
     contestcode = code;
 
-    if (const contests::Switches* s = contests::switchesFor(code)) {
-        dxccmult = s->dxccmult;
-        itufill = s->itufill;
-        cqfill = s->cqfill;
-        pfxmult = s->pfxmult;
-        exchmult = s->exchmult;
-        if (s->fixexch != contests::Unchanged) fixexch = s->fixexch;
-        exchsel1 = s->exchsel1;
-        exchsel2 = s->exchsel2;
-        exchsel3 = s->exchsel3;
-        exchsel4 = s->exchsel4;
-        int* types[4] = {&ctype1, &ctype2, &ctype3, &ctype4};
-        for (int t = 0; t < 4; ++t) *types[t] = (t + 1 == s->ctype) ? s->ctypeValue : 0;
-    }
+    // The script-visible switches, where 0 means "the rule applies".
+    using namespace contests;
+    const auto sw = [](bool applies) { return applies ? 0 : 1; };
+    dxccmult = sw(c->firstMult == FirstMult::Country);
+    pfxmult = sw(c->firstMult == FirstMult::Prefix);
+    itufill = sw(c->fromCall == ExchangeFromCall::ItuZone);
+    cqfill = sw(c->fromCall == ExchangeFromCall::CqZone);
+    exchmult = sw(c->exchangeIsMult);
+    if (c->sent != SentExchange::AsBefore) fixexch = c->sent == SentExchange::Fixed ? 1 : 0;
+    exchsel1 = sw(c->chars == ExchangeChars::Serial);
+    exchsel2 = sw(c->chars == ExchangeChars::Number);
+    exchsel3 = sw(c->chars == ExchangeChars::Letters);
+    exchsel4 = sw(c->chars == ExchangeChars::Mixed);
+    int* types[4] = {&ctype1, &ctype2, &ctype3, &ctype4};
+    for (int t = 0; t < 4; ++t) *types[t] = (t + 1 == c->contestClass) ? c->classValue : 0;
 
     // Asked before the restart: the serial box shows the fixed exchange at once.
     if (c->prompt) myexch = keptExch ? *keptExch : inputbox(utf8(c->prompt), utf8(c->promptTitle));
@@ -59,7 +60,7 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
     }
 
     LBLCONTEST->setText(utf8(c->title));
-    for (const contests::Setting& s : contests::settingsFor(code)) {
+    for (const contests::Setting& s : c->captions) {
         Control* ctl = control(QLatin1String(s.control));
         if (!ctl) continue;
         if (s.prop == contests::Setting::Prop::Caption)
@@ -72,7 +73,7 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
     if (c->window != contests::WindowKind::None) {
         mwidlast = c->boxes - 1;
         mwidmode = contests::windowMode(c->window);
-        bandmult = c->bandmult;
+        bandmult = c->windowPerBand ? 1 : 0;
         if (contests::runsClear(c->calls)) clearmwid();
         // Marks of the contest chosen before would claim multipliers this one has not worked.
         for (Control* box : txtMwid) box->setBackcolor(QString());
@@ -83,6 +84,15 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
     refreshMultWindow();
     showRates();
     setFocus(QStringLiteral("cmbband"));
+}
+
+const contests::ContestDef& ContestForm::contestDef() const {
+    // A string compare on the keystroke path; the hash probe only when the code has changed.
+    if (!def_ || defCode_ != contestcode) {
+        defCode_ = contestcode;
+        def_ = &contests::def(contestcode);
+    }
+    return *def_;
 }
 
 void ContestForm::clearmwid() {

@@ -2,8 +2,8 @@
 // database and brought back at start; the stored points recomputed when the own call changes;
 // the claimed score of lblscore, kept up to date after each QSO.
 #include "data/session.h"
-#include "contests/catalogue.h"
 #include "contests/claimedscore.h"
+#include "contests/contestdef.h"
 #include "contests/points.h"
 #include "data/databases.h"
 #include "data/schema.h"
@@ -66,7 +66,7 @@ void ContestForm::restoreSession() {
     }
     // The mode before the contest: the championship sets its exchange up by the mode.
     if (s.mode == QLatin1String("SSB") && cmbmod->text() == QLatin1String("CW")) cmbmod_Click();
-    const contests::Contest* c = contests::byCode(s.contest);
+    const contests::ContestDef* c = contests::find(s.contest);
     if (c) {
         selectContest(QLatin1String(c->menuItem), &s.myexch);
         // Also for the contests whose menu item keeps the totals as they were: at start there
@@ -91,9 +91,11 @@ bool ContestForm::recomputeOwnPoints() {
                        "FROM tbllog WHERE ps2 = ?1 AND ccall <> ?2"),
         {contestcode, kPlaceholderCall});
     std::vector<std::pair<QString, QString>> changed; // rowid, points
+    ResolvedCalls calls;
+    calls.prepare(*env().db, rows.size());
     for (const QStringList& r : rows) {
         if (r[3] == QLatin1String("DUPE")) continue;
-        const ResolvedCall c = hfc::resolveCall(*env().db, contestcode, r[1]);
+        const ResolvedCall& c = calls.resolve(*env().db, contestcode, r[1]);
         QsoFacts q;
         q.contest = contestcode;
         q.band = r[2];
@@ -148,8 +150,6 @@ void ContestForm::showClaimedScore() {
             fresh = true;
     }
     if (fresh) {
-        // CQ-M resolves Russian calls to its own areas: another contest, other answers
-        if (c.contest != contestcode) c.resolved.clear();
         c.contest = contestcode;
         c.owncall = owncall;
         c.lastRowid = 0;

@@ -2,6 +2,7 @@
 // ADIF 3.1 for other loggers, the category boxes of the Cabrillo header and the list of what a
 // robot would reject or flag. The list only informs: both files can be written whatever it says.
 #include "contests/claimedscore.h"
+#include "contests/contestdef.h"
 #include "data/databases.h"
 #include "data/session.h"
 #include "forms/clock.h"
@@ -54,8 +55,7 @@ void OtchetForm::fillStandardBoxes() {
     const Cabrillo3Header defaults = cabrillo3Defaults(stationBoxes(), contestcode, rows);
     for (const Cabrillo3Box& box : kCabrillo3Boxes)
         control(QLatin1String(box.control))->setText(defaults.*box.field);
-    const bool wae = contestcode == QLatin1String("wae");
-    cmbqtcrole->setVisible(wae);
+    cmbqtcrole->setVisible(contests::def(contestcode).qtc);
     cmbqtcrole->setText(qtcRoleItems().at(int(QtcRole::Sent)));
     checkLog(rows);
 }

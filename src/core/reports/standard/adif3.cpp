@@ -41,7 +41,7 @@ struct Side {
     QString report, serial, exchange;
 };
 
-Side side(const StandardContest* contest, bool serialExpected, const QString& plainReport,
+Side side(const contests::StandardIds* contest, bool serialExpected, const QString& plainReport,
           const QString& first, const QString& second) {
     const ExchangeLayout layout = contest ? contest->layout : ExchangeLayout::ReportExchange;
     Side s;
@@ -75,7 +75,7 @@ Side side(const StandardContest* contest, bool serialExpected, const QString& pl
 }
 
 QString record(const Adif3Options& options, const LogRow& r) {
-    const StandardContest* contest = standardContest(r.ps2);
+    const contests::StandardIds* contest = standardContest(r.ps2);
     const QsoMode mode = qsoMode(r);
     const Side sent = side(contest, sendsSerial(r.ps2), r.rsts, r.rsts1, r.rsts2);
     const Side rcvd = side(contest, !contest || contest->rcvdSerial, r.rstr, r.rstr1, r.rstr2);

@@ -1,4 +1,5 @@
 #include "reports/standard/cabrillo3.h"
+#include "contests/contestdef.h"
 #include "reports/standard/contestids.h"
 #include "reports/standard/programinfo.h"
 #include "reports/standard/qsofields.h"
@@ -249,7 +250,7 @@ QByteArray cabrillo3File(const Cabrillo3Header& header, const QString& contestco
 
     for (const LogRow& r : qsos) out.line(qsoLine(ownCall, r));
 
-    if (contestcode == QLatin1String("wae")) {
+    if (contests::def(contestcode).qtc) {
         QList<LogRow> qtcs;
         for (const LogRow& q : qtcRows)
             if (isQtcRow(q)) qtcs.append(q);
