@@ -101,18 +101,7 @@ TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
     EXPECT_EQ(form->callpref, "UA");
 }
 
-TEST_F(CountryTest, UbaPointsFollowTheEuropeanList) {
-    form->contestcode = "uba";
-    resolve("F5ABC");
-    EXPECT_EQ(text("txtpoint"), "3");
-    EXPECT_EQ(form->multcand, "F");
-    resolve("EA8ABC");
-    EXPECT_EQ(text("txtpoint"), "1");
-    resolve("ON4AA");
-    EXPECT_EQ(text("txtpoint"), "10");
-    EXPECT_EQ(form->multcand, "ON");
-}
-
+// UBA's points by the European list are in its scoring table.
 TEST_F(CountryTest, YuCountsOnlyYuStations) {
     form->contestcode = "yu";
     form->txtmult->setText("X");

@@ -297,17 +297,7 @@ TEST(DiskFaults, ADamagedLogWithACrashsWalIsLeftExactlyAsItWas) {
     EXPECT_EQ(folderBytes(data), before);
 }
 
-TEST(DiskFaults, ACrashsWalIsTakenInWhenTheLogIsWhole) {
-    QTemporaryDir dir;
-    const QString data = dir.path() + "/data";
-    makeLog(data, 100);
-    crashWhileLogging(data, "tbllog", 30);
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
-    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 130);
-}
-
+// A whole log takes in a crash's -wal: that is the SIGKILL crash test's every run.
 TEST(DiskFaults, ABackupKilledHalfwayNeverStandsUnderABackupsName) {
     QTemporaryDir dir;
     const QString data = dir.path() + "/data", folder = data + "/backup";

@@ -5,11 +5,24 @@
 #include "forms/contest/contestform.h"
 #include "script/scriptedui.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
 
 namespace hfc::test {
+
+// The event loop that the keyer's notices and the sockets need. A fixture holds it before its
+// window, and lets the window go first in TearDown.
+struct QtApp {
+    int argc = 1;
+    char arg0[8] = "test";
+    char* argv[1] = {arg0};
+    std::unique_ptr<QCoreApplication> app;
+    QtApp() {
+        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
+    }
+};
 
 struct FormFixture : ::testing::Test {
     QTemporaryDir dir;

@@ -162,17 +162,6 @@ TEST_F(CwdaemonTest, EscAbortsTheMessage) {
     EXPECT_EQ(keyer.lastReply(), "break") << "the daemon's answer to an aborted message";
 }
 
-TEST(CwdaemonAbsent, ARefusedPortIsReportedByName) {
-    const quint16 port = freePort(SOCK_DGRAM);
-    CwDaemonKeyer keyer("127.0.0.1", port);
-    QStringList errors;
-    keyer.setErrorHandler([&](const QString& m) { errors << m; });
-    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    keyer.waitIdle();
-    EXPECT_EQ(errors, QStringList{QString("cwdaemon 127.0.0.1:%1 не отвечает").arg(port)});
-    EXPECT_FALSE(keyer.busy());
-}
-
 struct RigctldTest : ::testing::Test {
     Daemon daemon;
     quint16 port = freePort(SOCK_STREAM);
@@ -203,16 +192,23 @@ TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
     EXPECT_TRUE(errors.isEmpty()) << errors.join('\n').toStdString();
 }
 
-TEST(RigctldAbsent, NoDaemonAndNoAddressAreReported) {
-    const quint16 port = freePort(SOCK_STREAM);
+TEST(DaemonAbsent, NoDaemonAndNoAddressAreReportedByName) {
+    const quint16 udp = freePort(SOCK_DGRAM);
+    CwDaemonKeyer keyer("127.0.0.1", udp);
     QStringList errors;
+    keyer.setErrorHandler([&](const QString& m) { errors << m; });
+    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    keyer.waitIdle();
+    EXPECT_FALSE(keyer.busy());
+    const quint16 port = freePort(SOCK_STREAM);
     RigctldKeyer absent("127.0.0.1", port);
     absent.setErrorHandler([&](const QString& m) { errors << m; });
     absent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
     RigctldKeyer unset("", 0);
     unset.setErrorHandler([&](const QString& m) { errors << m; });
     unset.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    EXPECT_EQ(errors, (QStringList{QString("rigctld 127.0.0.1:%1 не отвечает").arg(port),
+    EXPECT_EQ(errors, (QStringList{QString("cwdaemon 127.0.0.1:%1 не отвечает").arg(udp),
+                                   QString("rigctld 127.0.0.1:%1 не отвечает").arg(port),
                                    "Не задан адрес rigctld ([rig] rigctld)"}));
 }
 
@@ -288,15 +284,11 @@ TEST_F(WinkeyerTest, ASilentOrMissingDeviceIsReported) {
 
 // The window with a network or radio keyer chosen never speaks of a serial port.
 struct KeyerChoiceTest : hfc::test::FormFixture {
-    int argc = 1;
-    char arg0[8] = "test";
-    char* argv[1] = {arg0};
-    std::unique_ptr<QCoreApplication> app;
+    hfc::test::QtApp qt;
     RecordingKeyPort port;
     StationSettings settings;
 
     void SetUp() override {
-        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
         FormFixture::SetUp();
         Env env = form->env();
         env.port = &port;
@@ -305,10 +297,7 @@ struct KeyerChoiceTest : hfc::test::FormFixture {
         form = std::make_unique<ContestForm>(env);
         form->Form_Load();
     }
-    void TearDown() override {
-        form.reset();
-        app.reset();
-    }
+    void TearDown() override { form.reset(); }
     QStringList shown() {
         if (KeyerBackend* k = form->keyer()) k->waitIdle();
         QCoreApplication::sendPostedEvents();

@@ -15,16 +15,12 @@ namespace {
 constexpr int F3 = 114, F4 = 115, F7 = 118, F9 = 120;
 
 struct KeyerMessagesTest : FormFixture {
-    int argc = 1;
-    char arg0[8] = "test";
-    char* argv[1] = {arg0};
-    std::unique_ptr<QCoreApplication> app;
+    hfc::test::QtApp qt;
     RecordingKeyPort port;
     StationSettings settings;
     QStringList messages; // every text handed to the keyer, in order
 
     void SetUp() override {
-        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
         FormFixture::SetUp();
         Env env = form->env();
         env.port = &port;
@@ -34,10 +30,7 @@ struct KeyerMessagesTest : FormFixture {
         QObject::connect(form.get(), &ContestForm::messageQueued,
                          [this](const QString& t) { messages << t; });
     }
-    void TearDown() override {
-        form.reset();
-        app.reset();
-    }
+    void TearDown() override { form.reset(); }
     void ownCall(const QString& call) {
         form->setFocus(form->TXTNCALL);
         form->TXTNCALL->setText(call);

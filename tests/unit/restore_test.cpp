@@ -27,6 +27,18 @@ QStringList calls(Db& log) {
     return log.column("SELECT ccall FROM tbllog ORDER BY rowid");
 }
 
+// A data folder whose log holds these calls, and a backup of it in backupFolder.
+QString logWithBackup(const QString& data, const QString& backupFolder, const QStringList& rows) {
+    Databases db;
+    QString error;
+    EXPECT_TRUE(db.open(data, error)) << error.toStdString();
+    logCalls(db.contest, rows);
+    const QString backup =
+        backupDatabase(db.contest, backupFolder, "dbcontest", QDateTime::currentDateTime(), error);
+    EXPECT_FALSE(backup.isEmpty()) << error.toStdString();
+    return backup;
+}
+
 int restore(const QStringList& args, QString& out, QString& err) {
     out.clear();
     err.clear();
@@ -101,16 +113,7 @@ TEST_F(RestoreTest, NoAnswerOrABadFileLeavesTheLogAsItIs) {
 TEST(RestoreCommand, TheBackupWinsOverAStaleWalLeftByACrash) {
     QTemporaryDir dir;
     const QString data = dir.path() + "/data";
-    QString backup;
-    {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
-        logCalls(db.contest, {"DL1AA", "DL2BB"});
-        backup = backupDatabase(db.contest, dir.path(), "dbcontest", QDateTime::currentDateTime(),
-                                error);
-        ASSERT_FALSE(backup.isEmpty()) << error.toStdString();
-    }
+    const QString backup = logWithBackup(data, dir.path(), {"DL1AA", "DL2BB"});
     const pid_t pid = fork();
     if (pid == 0) {
         Databases db;
@@ -142,15 +145,7 @@ TEST(RestoreCommand, TheBackupWinsOverAStaleWalLeftByACrash) {
 TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
     QTemporaryDir dir;
     const QString data = dir.path() + "/data";
-    QString backup;
-    {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
-        logCalls(db.contest, {"DL1AA"});
-        backup = backupDatabase(db.contest, dir.path(), "dbcontest", QDateTime::currentDateTime(),
-                                error);
-    }
+    const QString backup = logWithBackup(data, dir.path(), {"DL1AA"});
     const QByteArray log = readFile(data + "/dbcontest.sqlite");
     QString out, err;
     EXPECT_EQ(restore({"--data-dir", data}, out, err), 2);
