@@ -260,8 +260,10 @@ bool LogStore::countryWorked(const QString& contest, const QString& strana) {
 
 // --- the newest rows ---
 
+// From the end of the table, as lastReceived: through an index on the contest SQLite sorted every
+// row of the contest after each QSO (190 ms at 100k).
 Rows LogStore::recentTimes(const QString& contest) {
-    return db_.query(QStringLiteral("SELECT ddate, ttime FROM tbllog WHERE ps2 = ?1 "
+    return db_.query(QStringLiteral("SELECT ddate, ttime FROM tbllog NOT INDEXED WHERE ps2 = ?1 "
                                     "AND ccall <> ?2 ORDER BY rowid DESC LIMIT 1000"),
                      {contest, kPlaceholder});
 }
