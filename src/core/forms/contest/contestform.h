@@ -36,6 +36,8 @@
 #include <memory>
 #include <vector>
 
+class QTimer;
+
 namespace hfc {
 
 class Db;
@@ -356,6 +358,10 @@ class ContestForm : public Form {
     void startMultiOp(); // when the settings name a broker
     MultiOp* multiop() { return multiop_.get(); }
     void sharedLogChanged(const QStringList& bands);
+    void showSharedLogChange();
+    QTimer* sharedTimer_ = nullptr; // a child; coalesces the others' QSOs into one redraw
+    bool sharedPending_ = false;
+    int sharedDeferrals_ = 0;
     QString originOf(qint64 rowid); // the computer that logged a row
     qint64 othersQsos();            // the contest's QSOs logged by the other computers
     // The serial the next one counts on from: the station's QSOs alone, or with the link this

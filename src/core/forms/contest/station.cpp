@@ -7,6 +7,7 @@
 #include "station/multiop.h"
 #include "station/settings.h"
 
+#include <QTimer>
 #include <QtDebug>
 
 namespace hfc {
@@ -51,6 +52,27 @@ void ContestForm::startMultiOp() {
 
 void ContestForm::sharedLogChanged(const QStringList& bands) {
     tally().ownWrites(bands);
+    // The others' QSOs arrive many a second at a busy station. Dupes and the partial list read
+    // the log at every key anyway; the totals, the grid and the panel are redrawn once for a
+    // burst, and not while this operator is typing a call (up to 5 s), so that no key waits
+    // behind a recount.
+    sharedPending_ = true;
+    if (!sharedTimer_) {
+        sharedTimer_ = new QTimer(this);
+        sharedTimer_->setSingleShot(true);
+        connect(sharedTimer_, &QTimer::timeout, this, [this] { showSharedLogChange(); });
+    }
+    if (!sharedTimer_->isActive()) sharedTimer_->start(250);
+}
+
+void ContestForm::showSharedLogChange() {
+    if (!sharedPending_) return;
+    if (!txtcall->text().isEmpty() && ++sharedDeferrals_ < 20) {
+        sharedTimer_->start(250);
+        return;
+    }
+    sharedDeferrals_ = 0;
+    sharedPending_ = false;
     recount();
     if (grid3contest == contestcode) refreshLogGrid();
     if (List1->visible()) fillList1();
