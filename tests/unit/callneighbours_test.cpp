@@ -7,7 +7,7 @@ using namespace hfc;
 // The index must find what a scan over every call with isOneOff finds, for edits in the head,
 // in the tail, and at either end, and never the call itself.
 TEST(CallNeighbours, FindsWhatAScanFinds) {
-    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB", "UA3ABCD", "RA3ABC", "UA3XBC",
+    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB",  "UA3ABCD", "RA3ABC", "UA3XBC",
                                 "UB3ABC", "A3ABC",  "DL1ABC", "UA9ABC",  "K1ABC",  "UA3AXC"};
     CallNeighbours n;
     for (const QString& c : logged) n.add(c);
