@@ -2,6 +2,7 @@
 // full count (choosing the contest, a restart, an edit in the grid, a new own call) read by the
 // report window and by lblscore, and lblscore's update after each committed QSO.
 //   bench_claimed [MASTER.SCP]
+#include "benchutil.h"
 #include "country/callprefix.h"
 #include "data/databases.h"
 #include "forms/clock.h"
@@ -16,6 +17,7 @@
 #include <cstdio>
 
 using namespace hfc;
+using hfc::bench::openOrExit;
 
 namespace {
 
@@ -67,11 +69,7 @@ int main(int argc, char** argv) {
     }
     QTemporaryDir dir;
     Databases dbs;
-    QString error;
-    if (!dbs.open(dir.path(), error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return 1;
-    }
+    openOrExit(dbs, dir.path());
     ScriptedUi ui;
     FixedClock clock;
     Env env;

@@ -128,11 +128,7 @@ int main(int argc, char** argv) {
 
     QTemporaryDir dir;
     Databases dbs;
-    QString error;
-    if (!dbs.open(dir.path(), error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return 1;
-    }
+    openOrExit(dbs, dir.path());
     QRandomGenerator rng(1);
     fillLog(dbs.contest, 5000, rng);
 

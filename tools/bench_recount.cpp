@@ -1,5 +1,6 @@
 // Times nextserial and recount on logs of 10k and 100k QSOs spread over several contests: the
 // first count of a contest's log, and the recount after each committed QSO.
+#include "benchutil.h"
 #include "data/databases.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
@@ -11,6 +12,7 @@
 #include <cstdio>
 
 using namespace hfc;
+using hfc::bench::openOrExit;
 
 namespace {
 
@@ -67,11 +69,7 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QTemporaryDir dir;
     Databases dbs;
-    QString error;
-    if (!dbs.open(dir.path(), error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return 1;
-    }
+    openOrExit(dbs, dir.path());
     ScriptedUi ui;
     FixedClock clock;
     Env env;

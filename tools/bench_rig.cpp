@@ -79,11 +79,7 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QTemporaryDir dir;
     Databases dbs;
-    QString error;
-    if (!dbs.open(dir.path(), error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return 1;
-    }
+    openOrExit(dbs, dir.path());
     QRandomGenerator rng(10000);
     fillLog(dbs.contest, 10000, rng);
 

@@ -94,11 +94,7 @@ int main(int argc, char** argv) {
     // The window's part: both lists with the marks and the own log's one-off calls.
     QTemporaryDir dir;
     Databases dbs;
-    QString error;
-    if (!dbs.open(dir.path(), error)) {
-        std::fprintf(stderr, "%s\n", qPrintable(error));
-        return 1;
-    }
+    openOrExit(dbs, dir.path());
     dbs.contest.begin();
     for (int i = 0; i < 5000; ++i)
         dbs.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, ?2, 'cqww')",

@@ -1,16 +1,29 @@
 #pragma once
-// What the benchmarks share: random calls of the usual prefixes, milliseconds of a duration and
-// quantiles of the measured times.
+// What the benchmarks share: a fresh data folder, random calls of the usual prefixes,
+// milliseconds of a duration and quantiles of the measured times.
+#include "data/databases.h"
+
 #include <QRandomGenerator>
 #include <QString>
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <vector>
 
 namespace hfc::bench {
 
 using Steady = std::chrono::steady_clock;
+
+// Opens the databases in dir (a fresh temporary folder); a folder that cannot be opened ends
+// the benchmark with the reason.
+inline void openOrExit(Databases& dbs, const QString& dir) {
+    QString error;
+    if (dbs.open(dir, error)) return;
+    std::fprintf(stderr, "%s\n", qPrintable(error));
+    std::exit(1);
+}
 
 inline constexpr const char* Prefixes[] = {
     "DL", "UA", "RA", "RV", "UA9", "K",  "W",  "N",  "JA", "G",  "F",  "I",  "EA", "OK", "SP",
