@@ -13,6 +13,7 @@
 
 using namespace hfc;
 using hfc::bench::openOrExit;
+using hfc::bench::WindowEnv;
 
 namespace {
 
@@ -70,12 +71,10 @@ int main(int argc, char** argv) {
     QTemporaryDir dir;
     Databases dbs;
     openOrExit(dbs, dir.path());
-    ScriptedUi ui;
-    FixedClock clock;
-    Env env;
-    env.db = &dbs;
-    env.ui = &ui;
-    env.clock = &clock;
+    WindowEnv window(dbs);
+    ScriptedUi& ui = window.ui;
+    FixedClock& clock = window.clock;
+    Env& env = window.env;
 
     int status = 0;
     for (int qsos : {10000, 100000}) {

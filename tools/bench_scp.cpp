@@ -100,12 +100,10 @@ int main(int argc, char** argv) {
         dbs.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, ?2, 'cqww')",
                         {randomCall(rng), QString::number(7 << rng.bounded(3))});
     dbs.contest.commit();
-    ScriptedUi ui;
-    FixedClock clock;
-    Env env;
-    env.db = &dbs;
-    env.ui = &ui;
-    env.clock = &clock;
+    WindowEnv window(dbs);
+    ScriptedUi& ui = window.ui;
+    FixedClock& clock = window.clock;
+    Env& env = window.env;
     ContestForm form(env);
     form.Form_Load();
     form.contestcode = "cqww";

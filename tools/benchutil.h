@@ -2,6 +2,9 @@
 // What the benchmarks share: a fresh data folder, random calls of the usual prefixes,
 // milliseconds of a duration and quantiles of the measured times.
 #include "data/databases.h"
+#include "forms/clock.h"
+#include "forms/env.h"
+#include "script/scriptedui.h"
 
 #include <QRandomGenerator>
 #include <QString>
@@ -28,6 +31,19 @@ inline void openOrExit(Databases& dbs, const QString& dir) {
 inline constexpr const char* Prefixes[] = {
     "DL", "UA", "RA", "RV", "UA9", "K",  "W",  "N",  "JA", "G",  "F",  "I",  "EA", "OK", "SP",
     "HA", "YO", "LZ", "OH", "SM",  "LY", "YL", "ES", "UR", "VE", "VK", "PY", "LU", "ZS", "9A"};
+
+// What a window model needs around it in a benchmark: the scripted dialogs, a fixed clock and the
+// environment that names them with the databases.
+struct WindowEnv {
+    ScriptedUi ui;
+    FixedClock clock;
+    Env env;
+    explicit WindowEnv(Databases& dbs) {
+        env.db = &dbs;
+        env.ui = &ui;
+        env.clock = &clock;
+    }
+};
 
 // A prefix, a digit and one to three letters.
 inline QString randomCall(QRandomGenerator& rng) {
