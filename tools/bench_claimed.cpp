@@ -71,10 +71,8 @@ int main(int argc, char** argv) {
     QTemporaryDir dir;
     Databases dbs;
     openOrExit(dbs, dir.path());
-    WindowEnv window(dbs);
-    ScriptedUi& ui = window.ui;
-    FixedClock& clock = window.clock;
-    Env& env = window.env;
+    WindowEnv windowEnv(dbs);
+    Env& env = windowEnv.env;
 
     for (int qsos : {20000, 100000}) {
         fill(dbs.contest, calls, qsos);

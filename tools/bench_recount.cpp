@@ -71,10 +71,8 @@ int main(int argc, char** argv) {
     QTemporaryDir dir;
     Databases dbs;
     openOrExit(dbs, dir.path());
-    WindowEnv window(dbs);
-    ScriptedUi& ui = window.ui;
-    FixedClock& clock = window.clock;
-    Env& env = window.env;
+    WindowEnv windowEnv(dbs);
+    Env& env = windowEnv.env;
 
     int status = 0;
     for (int qsos : {10000, 100000}) {

@@ -100,10 +100,8 @@ int main(int argc, char** argv) {
         dbs.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, ?2, 'cqww')",
                         {randomCall(rng), QString::number(7 << rng.bounded(3))});
     dbs.contest.commit();
-    WindowEnv window(dbs);
-    ScriptedUi& ui = window.ui;
-    FixedClock& clock = window.clock;
-    Env& env = window.env;
+    WindowEnv windowEnv(dbs);
+    Env& env = windowEnv.env;
     ContestForm form(env);
     form.Form_Load();
     form.contestcode = "cqww";
