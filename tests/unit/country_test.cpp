@@ -104,7 +104,7 @@ TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
 // UBA's points by the European list are in its scoring table.
 TEST_F(CountryTest, YuCountsOnlyYuStations) {
     form->contestcode = "yu";
-    form->txtmult->setText("X");
+    form->setMult("X");
     resolve("DL1ABC");
     EXPECT_EQ(text("txtpoint"), "0");
     EXPECT_EQ(text("txtmult"), "");

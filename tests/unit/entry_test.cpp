@@ -24,10 +24,10 @@ TEST_F(EntryTest, AFifteenthCharacterIsRefused) {
 
 TEST_F(EntryTest, BackspaceClearsPointsMultipliersAndCountry) {
     typeCall("DL1AB");
-    form->txtpoint->setText("3");
-    form->txtpoint2->setText("1");
-    form->txtmult->setText("DL");
-    form->txtmult2->setText("14");
+    form->setPoints("3");
+    form->setPoints2("1");
+    form->setMult("DL");
+    form->setMult2("14");
     Event e;
     e.keyAscii = keys::Backspace;
     form->fire("txtcall_KeyPress", e);
@@ -69,8 +69,8 @@ TEST_F(EntryTest, ArrowsAndTheEmptyBox) {
     EXPECT_EQ(form->focusName(), "txtcall");
 
     form->txtrstr->setText("16");
-    form->txtpoint->setText("3");
-    form->txtmult->setText("DL");
+    form->setPoints("3");
+    form->setMult("DL");
     typeCall("D\b");
     EXPECT_EQ(text("txtrstr"), "");
     EXPECT_EQ(text("txtpoint"), "0");
@@ -172,7 +172,7 @@ TEST_F(EntryTest, ChempAndEsAllowOneQsoPerBandAndClockHour) {
 
 TEST_F(EntryTest, GotFocusStartsANewQsoWithCleanBoxes) {
     form->setFocus("txtrstr");
-    form->txtpoint->setText("3");
+    form->setPoints("3");
     form->txtrstr->setText("16");
     form->setFocus("txtcall");
     EXPECT_EQ(text("txtpoint"), "");

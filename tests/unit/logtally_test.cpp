@@ -78,10 +78,10 @@ struct LogTallyTest : FormFixture {
     void commit(const QString& contest) {
         form->cmbband_Click(rng.bounded(7));
         form->txtcall->setText(rng.bounded(12) == 0 ? "\"" : pick({"DL1A", "UA3B", "K1C", "F5D"}));
-        form->txtmult->setText(pick({"", "DL", "UA", "K", "F", "JA"}));
-        form->txtmult2->setText(pick({"", "14", "16", "05"}));
-        form->txtpoint->setText(pick({"", "0", "1", "3", "10", "x"}));
-        form->txtpoint2->setText(pick({"", "1", "2"}));
+        form->setMult(pick({"", "DL", "UA", "K", "F", "JA"}));
+        form->setMult2(pick({"", "14", "16", "05"}));
+        form->setPoints(pick({"", "0", "1", "3", "10", "x"}));
+        form->setPoints2(pick({"", "1", "2"}));
         form->contestcode = rng.bounded(8) == 0 ? QString("wpx") : contest;
         form->wwodadd();
         form->contestcode = contest;

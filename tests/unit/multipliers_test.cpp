@@ -11,7 +11,7 @@ struct MultTest : FormFixture {
         form->contestcode = contest;
         form->curband = band;
         form->multcand = cand;
-        form->txtmult->setText("stale");
+        form->setMult("stale");
         form->multcheck();
         return text("txtmult");
     }
@@ -19,7 +19,7 @@ struct MultTest : FormFixture {
         form->contestcode = contest;
         form->curband = band;
         form->pscand = cand;
-        form->txtmult2->setText("stale");
+        form->setMult2("stale");
         form->pscheck();
         return text("txtmult2");
     }

@@ -34,8 +34,8 @@ TEST_F(PointsWindowTest, QsopointsWritesTheBoxesOrLeavesThem) {
     form->contestcode = "wag";
     form->txtcall->setText("OE1ABC");
     form->STRAN();
-    form->txtmult->setText("OE");
-    form->txtpoint->setText("5");
+    form->setMult("OE");
+    form->setPoints("5");
     form->qsopoints();
     EXPECT_EQ(text("txtpoint"), "0");
     EXPECT_EQ(text("txtmult"), "");
@@ -43,8 +43,8 @@ TEST_F(PointsWindowTest, QsopointsWritesTheBoxesOrLeavesThem) {
     form->contestcode = "hi hi"; // no rule: both boxes as they were
     form->txtcall->setText("DL1ABC");
     form->STRAN();
-    form->txtpoint->setText("7");
-    form->txtmult->setText("DL");
+    form->setPoints("7");
+    form->setMult("DL");
     form->qsopoints();
     EXPECT_EQ(text("txtpoint"), "7");
     EXPECT_EQ(text("txtmult"), "DL");

@@ -19,8 +19,8 @@ struct RaemTest : FormFixture {
         form->txtrstr->setText(rx);
         form->txtcall->setText(call);
         showMark(*form, repeat ? QsoDraft::Mark::Repeat : QsoDraft::Mark::None);
-        form->txtpoint->setText("kept");
-        form->txtpoint2->setText("kept");
+        form->setPoints("kept");
+        form->setPoints2("kept");
         form->call("raemscore", {});
         return {text("txtpoint"), text("txtpoint2")};
     }
@@ -53,8 +53,8 @@ TEST_F(SacTest, SacZeroesThePointsAndLeavesTheMultiplier) {
     form->curband = "14";
     form->callpref = "OH";
     form->txtcall->setText("OH2XX");
-    form->txtpoint->setText("1");
-    form->txtmult->setText("untouched");
+    form->setPoints("1");
+    form->setMult("untouched");
     form->sacarea = 4;
     form->call("SAC", {});
     EXPECT_EQ(text("txtpoint"), "0");
@@ -70,13 +70,13 @@ TEST(SacCandidate, CallAreaDigitOrZero) {
 }
 
 TEST_F(SacTest, SacOneIndexesTheAreaBox) {
-    form->txtpoint->setText("1");
+    form->setPoints("1");
     form->multcand = "OH7";
     form->sacarea = 2;
     form->SAC1();
     EXPECT_EQ(form->sacbox, 27);
     form->sacbox = 0;
-    form->txtpoint->setText("2");
+    form->setPoints("2");
     form->SAC1();
     EXPECT_EQ(form->sacbox, 0);
     // the check item and SAC2 change nothing

@@ -53,7 +53,8 @@ void ContestForm::cmbAdd_Click() {
 bool ContestForm::wwodadd() {
     if (txtcall->text().isEmpty()) return true;
 
-    // What the boxes hold that the session does not compute yet; the mark is the session's.
+    // What the boxes hold that the session does not compute yet; the mark, points and new
+    // multipliers are the session's already.
     QsoDraft& d = session().draft();
     d.call = txtcall->text();
     d.band = curband;
@@ -64,10 +65,6 @@ bool ContestForm::wwodadd() {
     d.rcvdExchange = txtrstr->text();
     d.sentReport = lblrsts->text();
     d.sentExchange = txtrsts->text();
-    d.mult = txtmult->text();
-    d.mult2 = txtmult2->text();
-    d.points = txtpoint->text();
-    d.points2 = txtpoint2->text();
     d.country = callstrana;
     d.prefix = callprf;
     d.freq = qsoFreq();
@@ -85,11 +82,6 @@ bool ContestForm::wwodadd() {
                QStringLiteral("Ошибка записи"));
         return false;
     }
-    // A repeat is stored with no multiplier and no points; the boxes show what was stored.
-    txtmult->setText(d.mult);
-    txtmult2->setText(d.mult2);
-    txtpoint->setText(d.points);
-    txtpoint2->setText(d.points2);
     const QDateTime now = env().clock->localNow();
     if (qsorun == 0) firstqso = now;
     if (firstAfterBandChange) {
@@ -103,17 +95,14 @@ bool ContestForm::wwodadd() {
     ++hourcount;
     appendLogGridRow(rowid);
 
-    const bool newMult = !txtmult->text().isEmpty() || !txtmult2->text().isEmpty();
+    // A repeat was stored with no multiplier: the draft says what was stored.
+    const bool newMult = !d.mult.isEmpty() || !d.mult2.isEmpty();
     if (newMult && multwid->visible()) prefixlist();
 
     // Reset the entry line for the next QSO.
     txtcall->setText(QString());
     txtrsts->setText(QString());
     txtrstr->setText(QString());
-    txtmult->setText(QString());
-    txtmult2->setText(QString());
-    txtpoint->setText(QString());
-    txtpoint2->setText(QString());
     callitu.clear();
     callcq.clear();
     callstrana.clear();
@@ -121,6 +110,7 @@ bool ContestForm::wwodadd() {
     txtstran5->setText(QString());
     ++qsorun;
     session().next();
+    showScore();
     showMark(*this, QsoDraft::Mark::None);
     if (contestDef().reportTyped) lblrstr->setText(QString());
     DBList1->setItems({});

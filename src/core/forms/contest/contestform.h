@@ -235,6 +235,13 @@ class ContestForm : public Form {
     void applyRepeatRules();
     void leaveCall(); // Enter or Space in the call box: on to the exchange
     void wipeEntry(); // Alt+W, Ctrl+W: the entry line afresh, nothing logged
+    // The draft's points and new multipliers, set there and shown in their boxes: the boxes
+    // only show them. showScore shows the draft's four as they are.
+    void setPoints(const QString& v);
+    void setPoints2(const QString& v);
+    void setMult(const QString& v);
+    void setMult2(const QString& v);
+    void showScore();
     void showEarlierQsos(const QString& call);
     // exchange.cpp
     void wwodrstr();

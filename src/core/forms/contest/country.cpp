@@ -2,6 +2,7 @@
 #include "country/callprefix.h"
 #include "country/russia.h"
 #include "data/databases.h"
+#include "entry/entrysession.h"
 #include "forms/contest/contestform.h"
 
 #include <vector>
@@ -131,32 +132,32 @@ void ContestForm::CQM() {
 }
 
 void ContestForm::EU13() {
-    txtpoint->setText(eu13Points(callkont));
+    setPoints(eu13Points(callkont));
 }
 
 void ContestForm::eucountry() {
     const contests::EntryRule rule = contestDef().extra;
     if (rule == contests::EntryRule::UbaCountries) {
         if (callpref == QLatin1String("ON")) {
-            txtpoint->setText(QStringLiteral("10"));
+            setPoints(QStringLiteral("10"));
             multcand = callpref;
             multcheck();
             return;
         }
-        txtpoint->setText(QStringLiteral("0"));
+        setPoints(QStringLiteral("0"));
         if (inEuropeanList(callpref)) {
             multcand = callpref;
             multcheck();
-            txtpoint->setText(QStringLiteral("3"));
+            setPoints(QStringLiteral("3"));
         }
-        if (txtpoint->text() == QLatin1String("0")) txtpoint->setText(QStringLiteral("1"));
+        if (session().draft().points == QLatin1String("0")) setPoints(QStringLiteral("1"));
     } else if (rule == contests::EntryRule::YuCountry) {
         if (callpref == QLatin1String("YU")) {
             multcand = callpref;
             multcheck();
         } else {
-            txtpoint->setText(QStringLiteral("0"));
-            txtmult->setText(QString());
+            setPoints(QStringLiteral("0"));
+            setMult(QString());
         }
     }
 }

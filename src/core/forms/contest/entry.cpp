@@ -15,6 +15,12 @@ void ContestForm::registerEntry() {
     proc("wwodcall", [this] { wwodcall(); });
     proc("DBList1_Click", [this] { DBList1_Click(); });
     proc("wipeEntry", [this] { wipeEntry(); });
+    // A points or multiplier box corrected by hand: the draft takes what the operator typed,
+    // as the log row Enter stores comes from the draft.
+    on("txtpoint_KeyUp", [this](Event&) { session().draft().points = txtpoint->text(); });
+    on("txtpoint2_KeyUp", [this](Event&) { session().draft().points2 = txtpoint2->text(); });
+    on("txtmult_KeyUp", [this](Event&) { session().draft().mult = txtmult->text(); });
+    on("txtmult2_KeyUp", [this](Event&) { session().draft().mult2 = txtmult2->text(); });
 }
 
 void ContestForm::txtcall_KeyPress(Event& e) {
@@ -27,10 +33,10 @@ void ContestForm::txtcall_KeyPress(Event& e) {
         return;
     }
     if (e.keyAscii == keys::Backspace) {
-        txtpoint->setText(QString());
-        txtpoint2->setText(QString());
-        txtmult->setText(QString());
-        txtmult2->setText(QString());
+        setPoints(QString());
+        setPoints2(QString());
+        setMult(QString());
+        setMult2(QString());
         txtstran5->setText(QString());
     }
     e.keyAscii = filterKey(e.keyAscii, callchars, txtcall->text().size(), 14);
@@ -60,9 +66,9 @@ void ContestForm::leaveCall() {
 // Alt+W / Ctrl+W: the entry line starts afresh without logging anything, wherever the keyboard
 // was; the sent serial stays, it belongs to the next QSO as much as to this one.
 void ContestForm::wipeEntry() {
-    for (Control* box : {txtcall, txtrstr, txtmult, txtmult2, txtpoint, txtpoint2, txtstran5})
-        box->setText(QString());
+    for (Control* box : {txtcall, txtrstr, txtstran5}) box->setText(QString());
     session().next();
+    showScore();
     showMark(*this, QsoDraft::Mark::None);
     multcand.clear();
     pscand.clear();
@@ -84,7 +90,7 @@ void ContestForm::txtcall_KeyUp(Event& e) {
     if (scpKeyUp(e)) return;
     if (txtcall->text().isEmpty()) {
         txtrstr->setText(QString());
-        txtpoint->setText(QString());
+        setPoints(QString());
     }
     if (e.keyCode == keys::Up) setFocus(QStringLiteral("cmbband"));
     if (e.keyCode == keys::Down && !txtcall->text().isEmpty()) setFocus(txtrstr);
@@ -97,8 +103,8 @@ void ContestForm::txtcall_GotFocus() {
     if (logGridStale()) refreshLogGrid();
     // A new QSO starts with clean points and exchange; a call being corrected keeps them.
     if (txtcall->text().isEmpty()) {
-        txtpoint->setText(QString());
-        txtpoint2->setText(QString());
+        setPoints(QString());
+        setPoints2(QString());
         txtrstr->setText(QString());
     }
 }
@@ -109,6 +115,34 @@ EntrySession& ContestForm::session() {
     if (session_->contest() != contestcode)
         session_->setContest(contestcode, entryRulesFor(contestcode));
     return *session_;
+}
+
+void ContestForm::setPoints(const QString& v) {
+    session().draft().points = v;
+    txtpoint->setText(v);
+}
+
+void ContestForm::setPoints2(const QString& v) {
+    session().draft().points2 = v;
+    txtpoint2->setText(v);
+}
+
+void ContestForm::setMult(const QString& v) {
+    session().draft().mult = v;
+    txtmult->setText(v);
+}
+
+void ContestForm::setMult2(const QString& v) {
+    session().draft().mult2 = v;
+    txtmult2->setText(v);
+}
+
+void ContestForm::showScore() {
+    const QsoDraft& d = session().draft();
+    txtpoint->setText(d.points);
+    txtpoint2->setText(d.points2);
+    txtmult->setText(d.mult);
+    txtmult2->setText(d.mult2);
 }
 
 void showMark(ContestForm& f, QsoDraft::Mark mark) {
@@ -169,9 +203,9 @@ void ContestForm::wwodcall() {
     scplookup();
 
     if (call.isEmpty()) {
-        txtpoint->setText(QStringLiteral("0"));
-        txtpoint2->setText(QStringLiteral("0"));
-        txtmult->setText(QString());
+        setPoints(QStringLiteral("0"));
+        setPoints2(QStringLiteral("0"));
+        setMult(QString());
         multcand.clear();
         pscand.clear();
         showMark(*this, QsoDraft::Mark::None);
@@ -211,11 +245,11 @@ void ContestForm::applyRepeatRules() {
     showMark(*this, m);
     if (m == QsoDraft::Mark::None) return;
     // The points the QSO will be stored with: a repeat or a too-early QSO counts nothing.
-    txtmult->setText(QString());
-    txtpoint->setText(QStringLiteral("0"));
+    setMult(QString());
+    setPoints(QStringLiteral("0"));
     if (m == QsoDraft::Mark::Repeat) {
-        txtmult2->setText(QString());
-        txtpoint2->setText(QStringLiteral("0"));
+        setMult2(QString());
+        setPoints2(QStringLiteral("0"));
     }
 }
 

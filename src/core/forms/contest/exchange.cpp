@@ -118,7 +118,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     qsopoints();
     scoringEntered = false;
     if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
-    if (session().draft().mark != QsoDraft::Mark::None) txtpoint->setText(QStringLiteral("0"));
+    if (session().draft().mark != QsoDraft::Mark::None) setPoints(QStringLiteral("0"));
     // Before the commit, which clears the call and exchange the text may name.
     if (esmOn()) esmThanks();
     cmbAdd_Click();

@@ -1,5 +1,6 @@
 // Is this multiplier new? One query against the log, and the two views of worked multipliers.
 #include "contests/groups.h"
+#include "entry/entrysession.h"
 #include "forms/contest/contestform.h"
 
 namespace hfc {
@@ -28,16 +29,17 @@ LogStore::Scope ContestForm::firstMultScope() const {
 }
 
 void ContestForm::multcheck() {
-    const bool worked = store().firstMultWorked(contestcode, multcand, firstMultScope());
+    session().checkFirstMult(multcand, firstMultScope());
     lastsql = store().lastSql();
-    txtmult->setText(worked ? QString() : multcand);
+    showScore();
 }
 
 void ContestForm::pscheck() {
     // The second multiplier counts once per band in every contest.
-    const bool worked = store().secondMultWorked(contestcode, pscand, curband);
+    session().draft().band = curband;
+    session().checkSecondMult(pscand);
     lastsql = store().lastSql();
-    txtmult2->setText(worked ? QString() : pscand);
+    showScore();
 }
 
 QSet<QString> ContestForm::workedFirstMults() {

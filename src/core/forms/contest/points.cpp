@@ -55,10 +55,10 @@ void ContestForm::qsopoints() {
     const ContestLog log(store(), contestcode);
     if (scoringEntered) q.log = &log;
     const PointsResult r = rule(q);
-    if (r.points) txtpoint->setText(*r.points);
-    if (r.points2) txtpoint2->setText(*r.points2);
-    if (r.clearMult) txtmult->setText(QString());
-    if (r.clearMult2) txtmult2->setText(QString());
+    if (r.points) setPoints(*r.points);
+    if (r.points2) setPoints2(*r.points2);
+    if (r.clearMult) setMult(QString());
+    if (r.clearMult2) setMult2(QString());
 }
 
 } // namespace hfc

@@ -28,29 +28,29 @@ void ContestForm::raemscore() {
     const auto points =
         contests::raemPoints(lat, lon, longLon, val(myexch.mid(0, 2)), val(myexch.mid(3, 2)));
     if (!points) return;
-    txtpoint->setText(num(*points));
-    if (lat >= contests::RaemNorthLat) txtpoint2->setText(QStringLiteral("100"));
-    if (txtcall->text() == QLatin1String("RAEM")) txtpoint2->setText(QStringLiteral("300"));
+    setPoints(num(*points));
+    if (lat >= contests::RaemNorthLat) setPoints2(QStringLiteral("100"));
+    if (txtcall->text() == QLatin1String("RAEM")) setPoints2(QStringLiteral("300"));
     if (session().draft().mark != QsoDraft::Mark::None) {
-        txtpoint->setText(QStringLiteral("0"));
-        txtpoint2->setText(QString());
+        setPoints(QStringLiteral("0"));
+        setPoints2(QString());
     }
 }
 
 void ContestForm::SAC() {
-    txtpoint->setText(QStringLiteral("0"));
+    setPoints(QStringLiteral("0"));
     sacarea = 0;
-    if (session().draft().mark != QsoDraft::Mark::None) txtpoint->setText(QStringLiteral("0"));
+    if (session().draft().mark != QsoDraft::Mark::None) setPoints(QStringLiteral("0"));
     // The points were zeroed just above, so the area check below does not run from here; the
     // order is kept as it has always been.
-    if (val(txtpoint->text()) == 1) {
+    if (val(session().draft().points) == 1) {
         multcand = contests::sacCandidate(callpref, txtcall->text(), digits);
         multcheck();
     }
 }
 
 void ContestForm::SAC1() {
-    if (val(txtpoint->text()) == 1 && multcand.size() > 2)
+    if (val(session().draft().points) == 1 && multcand.size() > 2)
         sacbox = 10 * sacarea + int(val(multcand.mid(2, 1)));
 }
 
