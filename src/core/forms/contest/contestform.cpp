@@ -298,9 +298,8 @@ QString elapsed(const QDateTime& from, const QDateTime& to) {
 } // namespace
 
 void ContestForm::Timer1_Timer() {
-    if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
-        const QDateTime t =
-            Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
+    if (!manualTime) {
+        const QDateTime t = entryClock();
         txttime->setText(t.toString(QStringLiteral("hh:mm:ss")));
         txtdate->setText(t.toString(QStringLiteral("dd.MM.yy")));
     }
@@ -324,19 +323,24 @@ void ContestForm::Timer1_Timer() {
     tickRates();
 }
 
-void ContestForm::Label4_Click() {
-    Label4->setText(Label4->text() == QStringLiteral("Местное") ? QStringLiteral("UTC")
-                                                                : QStringLiteral("Местное"));
+QDateTime ContestForm::entryClock() const {
+    return localTime ? env().clock->localNow() : utcnow();
 }
 
+void ContestForm::Label4_Click() {
+    localTime = !localTime;
+    Label4->setText(localTime ? QStringLiteral("Местное") : QStringLiteral("UTC"));
+}
+
+// The menu item offers the other mode: "ручн." while the clock fills date and time.
 void ContestForm::mnuawto_Click() {
-    if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
-        mnuawto->setText(QStringLiteral("Дата-Время авто."));
-        // Manual mode: the boxes keep their values as a starting point for the operator's typing.
+    manualTime = !manualTime;
+    mnuawto->setText(manualTime ? QStringLiteral("Дата-Время авто.")
+                                : QStringLiteral("Дата-Время ручн."));
+    if (manualTime) {
+        // The boxes keep their values as a starting point for the operator's typing.
         txtdate->setEnabled(true);
         txttime->setEnabled(true);
-    } else {
-        mnuawto->setText(QStringLiteral("Дата-Время ручн."));
     }
     setFocus(txtcall);
 }

@@ -163,8 +163,12 @@ class ContestForm : public Form {
     void Form_Load();
     void Timer1_Timer();
     QDateTime utcnow() const;
+    QDateTime entryClock() const; // now in the entry line's time base (UTC or local)
     void Label4_Click();
     void mnuawto_Click();
+    // The entry line's clock: the captions of Label4 and mnuawto only show these.
+    bool localTime = false;  // local time instead of UTC
+    bool manualTime = false; // the operator types date and time; the clock leaves them alone
     void txtdate_KeyPress(Event& e);
     void txttime_KeyPress(Event& e);
     void TXTNCALL_KeyPress(Event& e);

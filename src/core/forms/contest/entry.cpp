@@ -56,7 +56,7 @@ void ContestForm::txtcall_KeyPress(Event& e) {
 }
 
 void ContestForm::leaveCall() {
-    if (mnuawto->text() == QStringLiteral("Дата-Время ручн.")) {
+    if (!manualTime) {
         if (!txtcall->text().isEmpty()) setFocus(contestDef().reportTyped ? lblrstr : txtrstr);
     } else {
         setFocus(txtdate); // manual date and time: confirm them for every QSO

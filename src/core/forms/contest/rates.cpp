@@ -17,8 +17,7 @@ void ContestForm::registerRates() {
 
 void ContestForm::showRates() {
     // The log's times are those of the entry line's clock, in its time base.
-    const QDateTime clock =
-        Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
+    const QDateTime clock = entryClock();
     const QDateTime now(clock.date(), clock.time(), Qt::UTC);
     QList<QDateTime> times;
     for (const QStringList& r : store().recentTimes(contestcode)) times << qsoTime(r[0], r[1]);
@@ -28,8 +27,7 @@ void ContestForm::showRates() {
 }
 
 void ContestForm::tickRates() {
-    const QDateTime clock =
-        Label4->text() == QStringLiteral("Местное") ? env().clock->localNow() : utcnow();
+    const QDateTime clock = entryClock();
     if (clock.toString(QStringLiteral("yyyyMMddhhmm")) != rateminute) showRates();
 }
 
