@@ -357,21 +357,8 @@ ClaimedScore claimedScore(const QString& contest, const std::vector<ScoreRow>& r
 }
 
 QString claimLimits(const QString& contest) {
-    static const QHash<QString, QString> limits = {
-        {QStringLiteral("tops"),
-         QStringLiteral("Заявка: бонусы за членов TOPS по списку клуба не учтены")},
-        {QStringLiteral("raem"),
-         QStringLiteral("Заявка: бонусы за полярные станции по списку организатора не учтены")},
-        {QStringLiteral("iaru"),
-         QStringLiteral("Заявка: официальные станции IARU учтены только по переданному тексту")},
-        {QStringLiteral("iota"),
-         QStringLiteral("Заявка: очки за связи остров–остров не учтены (свой остров не задан)")},
-        {QStringLiteral("cqm"),
-         QStringLiteral("Заявка: федеральные округа России не различаются (1 очко за связь)")},
-        {QStringLiteral("chemp"),
-         QStringLiteral("Заявка: очки по таблице зон организатора не сверены")},
-    };
-    return limits.value(contest);
+    const char* limit = def(contest).claimLimit;
+    return limit ? QString::fromUtf8(limit) : QString();
 }
 
 QString numericExchange(const QString& exchange) {

@@ -1,13 +1,19 @@
 #pragma once
 // One definition per contest: everything the logger does differently from one contest to the
 // next, as named fields of one row. The window, the entry line, the totals and the reports read
-// the row of the current contest; rules that are code (the points) are found by the code next to
-// the row. Nothing here knows forms.
+// the row of the current contest; rules that are code (the points, the exchange check) are
+// functions the row names. Nothing here knows forms.
 #include "contests/groups.h"
+#include "contests/points.h"
 
 #include <QString>
 #include <QStringList>
 #include <span>
+
+namespace hfc {
+struct ExchangeFacts;
+using ExchangeRule = bool (*)(const ExchangeFacts&);
+} // namespace hfc
 
 namespace hfc::contests {
 
@@ -205,6 +211,12 @@ struct ContestDef {
     StandardIds ids;
     // Whose sequence the serial belongs to at a station of several computers.
     SerialScope serial = SerialScope::Transmitter;
+
+    // Rules that are code (pointsrules.h, exchangecheck.h)
+    PointsRule points = nullptr;   // none: scored by the window's own procedure (raem, uba)
+    ExchangeRule check = nullptr; // none: any exchange is taken
+    // What the claimed score cannot know from the log alone, said beside it.
+    const char* claimLimit = nullptr;
 
     bool countsPoints() const { return totals != Totals::Mults; }
     // The time list: earlier QSOs with their times, for the time rule.

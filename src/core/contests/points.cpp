@@ -1,10 +1,9 @@
 #include "contests/points.h"
 
+#include "contests/contestdef.h"
 #include "contests/groups.h"
 #include "contests/pointsrules.h"
 #include "country/russia.h"
-
-#include <QHash>
 
 namespace hfc {
 
@@ -30,13 +29,15 @@ bool sameKont(const QsoFacts& q) {
 
 } // namespace contests::rules
 
-namespace {
+namespace contests::rules {
 
-using namespace contests::rules;
+namespace {
 
 bool prefIs(const QsoFacts& q, const char* pref) {
     return q.pref == QLatin1String(pref);
 }
+
+} // namespace
 
 // The branches below up to hel are the program's long-standing rules and stay as they are,
 // whatever the sponsors publish now; where such a branch leaves some stations open, the rest of
@@ -114,72 +115,10 @@ PointsResult yu(const QsoFacts& q) {
     return points(is(q.ownPref, "YU") ? 1 : 10);
 }
 
-// The newer tables give nothing on the satellite "band", which no sponsor scores.
-template <PointsRule Rule> PointsResult onHf(const QsoFacts& q) {
-    if (q.band == QLatin1String("sat")) return points(0);
-    return Rule(q);
-}
-
-// The contests in the order the points chain tests them ("kcj" is tested first and its branch
-// is the last; in a table the order no longer decides anything, but it is kept for reading).
-// "raem" scores through raemscore and "uba" through eucountry; "sac" and "iota" come last.
-struct Entry {
-    const char* code;
-    PointsRule rule;
-};
-constexpr Entry chain[] = {
-    {"kcj", kcj},
-    {"vkzl", onHf<vkzl>},
-    {"ari", onHf<ari>},
-    {"cqww", cqww},
-    {"aa", onHf<aa>},
-    {"bal", bal},
-    {"cqm", onHf<cqm>},
-    {"cro", onHf<cro>},
-    {"ea", onHf<ea>},
-    {"ES", onHf<es>},
-    {"euhf", onHf<euhf>},
-    {"fd", onHf<fd>},
-    {"HA", onHf<ha>},
-    {"iaru", onHf<iaru>},
-    {"jid", onHf<jid>},
-    {"lzd", lzd},
-    {"lzo", lzo},
-    {"marc", onePoint},
-    {"ok", onHf<ok>},
-    {"pacc", pacc},
-    {"rudx", onHf<rudx>},
-    {"rsgb", onHf<rsgb>},
-    {"ref", onHf<refToec>},
-    {"toec", onHf<refToec>},
-    {"sp", sp},
-    {"ukr", onHf<ukr>},
-    {"wae", onHf<wae>},
-    {"wag", wag},
-    {"wpx", onHf<wpx>},
-    {"wwg", onHf<wwg>},
-    {"yo", onHf<yo>},
-    {"yu", yu},
-    {"agcw", onePoint},
-    {"cq160", onHf<cq160>},
-    {"hol", hol},
-    {"hel", hel},
-    {"tops", onHf<tops>},
-    {"chemp", onHf<chemp>},
-    {"arrl10", onHf<arrl10>},
-    {"sac", onHf<sac>},
-    {"iota", onHf<iota>},
-};
-
-} // namespace
+} // namespace contests::rules
 
 PointsRule pointsRule(const QString& contest) {
-    static const QHash<QString, PointsRule> table = [] {
-        QHash<QString, PointsRule> t;
-        for (const Entry& e : chain) t.insert(QString::fromLatin1(e.code), e.rule);
-        return t;
-    }();
-    return table.value(contest, nullptr);
+    return contests::def(contest).points;
 }
 
 } // namespace hfc

@@ -1,6 +1,6 @@
 #pragma once
-// The points rules of the contests, one function each; points.cpp puts them into the chain
-// table. Shared by the rule files only.
+// The points rules of the contests, one function each (several contests share one); each
+// contest's row in contestdef.cpp names its rule.
 #include "contests/points.h"
 
 namespace hfc::contests::rules {
@@ -40,5 +40,25 @@ PointsResult wwg(const QsoFacts& q);
 PointsResult tops(const QsoFacts& q);
 PointsResult chemp(const QsoFacts& q);
 PointsResult iota(const QsoFacts& q);
+
+// The program's long-standing rules (points.cpp)
+PointsResult kcj(const QsoFacts& q);
+PointsResult cqww(const QsoFacts& q);
+PointsResult bal(const QsoFacts& q);
+PointsResult sp(const QsoFacts& q);
+PointsResult pacc(const QsoFacts& q);
+PointsResult onePoint(const QsoFacts& q);
+PointsResult lzd(const QsoFacts& q);
+PointsResult lzo(const QsoFacts& q);
+PointsResult wag(const QsoFacts& q);
+PointsResult hol(const QsoFacts& q);
+PointsResult hel(const QsoFacts& q);
+PointsResult yu(const QsoFacts& q);
+
+// The newer tables give nothing on the satellite "band", which no sponsor scores.
+template <PointsRule Rule> PointsResult onHf(const QsoFacts& q) {
+    if (q.band == QLatin1String("sat")) return points(0);
+    return Rule(q);
+}
 
 } // namespace hfc::contests::rules
