@@ -5,10 +5,12 @@
 using namespace hfc;
 
 // The index must find what a scan over every call with isOneOff finds, for edits in the head,
-// in the tail, and at either end, and never the call itself.
+// in the tail, and at either end, and never the call itself; also for a call that came in with
+// a character no call is typed with (an import, an edit in the log).
 TEST(CallNeighbours, FindsWhatAScanFinds) {
-    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB",  "UA3ABCD", "RA3ABC", "UA3XBC",
-                                "UB3ABC", "A3ABC",  "DL1ABC", "UA9ABC",  "K1ABC",  "UA3AXC"};
+    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB", "UA3ABCD", "RA3ABC",
+                                "UA3XBC", "UB3ABC", "A3ABC", "DL1ABC",  "UA9ABC",
+                                "K1ABC",  "UA3AXC", "UA3AB_"};
     CallNeighbours n;
     for (const QString& c : logged) n.add(c);
     n.add("UA3ABC"); // again: listed once

@@ -127,11 +127,12 @@ QStringList ScpIndex::containing(const QString& part, int limit) const {
 // One edit leaves one part of the call as it was: with the call cut after its first `head`
 // characters, an edit in the tail keeps the head and an edit in the head keeps the tail. So the
 // calls that begin with the head and those that end with the tail are the only candidates; the
-// tail is at least two characters long, so that its last pair finds them.
+// tail is the last pair, which finds them, and the head all before it, which keeps the range of
+// calls beginning with it short.
 QStringList ScpIndex::oneOff(const QString& call, int limit) const {
     const std::string c = toKey(call);
     if (c.size() < 3 || limit <= 0) return {};
-    const size_t head = std::min(c.size() / 2, c.size() - 2);
+    const size_t head = c.size() - 2;
     const std::string_view prefix = std::string_view(c).substr(0, head);
     std::vector<uint32_t> hits;
     auto it = std::lower_bound(calls_.begin(), calls_.end(), prefix,
@@ -173,26 +174,47 @@ bool isOneOff(QStringView a, QStringView b) {
 }
 
 void CallNeighbours::clear() {
-    sorted_.clear();
-    byEnd_.clear();
+    calls_.clear();
 }
 
 void CallNeighbours::add(const QString& call) {
-    if (call.size() < 2 || !sorted_.insert(call).second) return;
-    byEnd_[call.right(2)] << call;
+    if (call.size() < 2) return;
+    std::string key = toKey(call);
+    for (const char ch : key)
+        if (alphabet_.find(ch) == std::string::npos) alphabet_ += ch;
+    calls_.insert(std::move(key));
 }
 
 QStringList CallNeighbours::oneOff(const QString& call) const {
-    if (call.size() < 3) return {};
-    const qsizetype head = std::min(call.size() / 2, call.size() - 2);
-    const QStringView prefix = QStringView(call).left(head);
+    if (call.size() < 3 || calls_.empty()) return {};
+    const std::string c = toKey(call);
+    std::vector<std::string> found;
+    std::string v;
+    const auto probe = [&] {
+        if (calls_.count(v)) found.push_back(v);
+    };
+    for (size_t i = 0; i <= c.size(); ++i) {
+        if (i < c.size()) {
+            v = c; // one character left out
+            v.erase(i, 1);
+            probe();
+        }
+        for (const char ch : alphabet_) {
+            v = c; // one character more
+            v.insert(i, 1, ch);
+            probe();
+            if (i < c.size() && ch != c[i]) {
+                v = c; // one character other
+                v[i] = ch;
+                probe();
+            }
+        }
+    }
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     QStringList out;
-    for (auto it = sorted_.lower_bound(prefix.toString());
-         it != sorted_.end() && it->startsWith(prefix); ++it)
-        if (isOneOff(call, *it)) out << *it;
-    for (const QString& c : byEnd_.value(call.right(2)))
-        if (!c.startsWith(prefix) && isOneOff(call, c)) out << c;
-    std::sort(out.begin(), out.end());
+    out.reserve(qsizetype(found.size()));
+    for (const std::string& f : found) out << QString::fromStdString(f);
     return out;
 }
 
