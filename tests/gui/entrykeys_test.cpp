@@ -46,6 +46,12 @@ TEST(EntryKeysGui, BackspaceOverASelectionRunsTheLookupsSoTheRepeatGoes) {
     QTest::keyClick(call, Qt::Key_Delete);
     EXPECT_EQ(w.form->txtcall->text(), "DL1A");
     EXPECT_FALSE(w.form->txtrepit->visible());
+    // Typed over a selection, the call is replaced.
+    QTest::keyClick(call, Qt::Key_A, Qt::ControlModifier);
+    ASSERT_TRUE(call->hasSelectedText());
+    QTest::keyClicks(call, "ok1rr");
+    EXPECT_EQ(w.form->txtcall->text(), "OK1RR");
+    EXPECT_EQ(call->text(), "OK1RR");
 }
 
 TEST(EntryKeysGui, PasteTypesTheClipboardKeyByKey) {

@@ -46,34 +46,6 @@ TEST(MainWindowGui, ContestMenuStartsWithTheFinderAndSharesNoUnderlinedKey) {
     EXPECT_GE(letters.size(), 20);
 }
 
-TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
-    Window w;
-    auto* own = w.win->findChild<QLineEdit*>("TXTNCALL");
-    ASSERT_NE(own, nullptr);
-    w.form->TXTNCALL->setText("");
-    own->setFocus();
-    w.form->setFocus("TXTNCALL");
-    QTest::keyClicks(own, "ua3abc");
-    EXPECT_EQ(w.form->TXTNCALL->text(), "UA3ABC");
-    EXPECT_EQ(own->text(), "UA3ABC");
-}
-
-TEST(MainWindowGui, TypingOverASelectedCallReplacesIt) {
-    Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    w.win->activateWindow();
-    call->setFocus();
-    w.form->setFocus("txtcall");
-    QTest::keyClicks(call, "dl1abc");
-    EXPECT_EQ(w.form->txtcall->text(), "DL1ABC");
-    QTest::keyClick(call, Qt::Key_A, Qt::ControlModifier); // select all
-    ASSERT_TRUE(call->hasSelectedText());
-    QTest::keyClicks(call, "ok1rr");
-    EXPECT_EQ(w.form->txtcall->text(), "OK1RR");
-    EXPECT_EQ(call->text(), "OK1RR");
-}
-
 TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
     Window w;
     w.form->cmbband_Click(3);

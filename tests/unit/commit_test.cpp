@@ -37,27 +37,29 @@ TEST_F(CommitTest, EveryFieldOfTheRowComesFromTheEntryLine) {
     EXPECT_EQ(form->bandprev, 3);
 }
 
-TEST_F(CommitTest, SsbStoresFiveNineAndTheModeCaption) {
+TEST_F(CommitTest, SsbBeforeAnyContestStoresFiveNineTheModeCaptionAndHiHi) {
     form->cmbmod_Click();
     typeCall("DL1ABC");
     form->wwodadd();
-    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1 FROM tbllog")[0],
-              QStringList({"59", "59", "SSB"}));
+    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1, ps2 FROM tbllog")[0],
+              QStringList({"59", "59", "SSB", "hi hi"}));
 }
 
-TEST_F(CommitTest, AQsoBeforeAnyContestIsChosenCarriesHiHi) {
-    typeCall("DL1ABC");
-    form->wwodadd();
-    EXPECT_EQ(db.contest.scalar("SELECT ps2 FROM tbllog"), "hi hi");
-}
-
-TEST_F(CommitTest, EmptyCallStoresNothingAndChangesNothing) {
+TEST_F(CommitTest, NothingIsStoredWithoutACallOrWithAnEmptyExchange) {
     form->txtrstr->setText("16");
     form->txtpoint->setText("3");
     form->click("cmbAdd");
     EXPECT_EQ(logRows(), 0);
     EXPECT_EQ(text("txtrstr"), "16");
     EXPECT_EQ(form->qsorun, 0);
+    // Enter in an empty exchange box
+    form->txtrstr->setText("");
+    typeCall("DL1ABC\r");
+    form->typeText("\r");
+    EXPECT_EQ(logRows(), 0);
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    form->typeText("x\b\r"); // typed and taken back
+    EXPECT_EQ(logRows(), 0);
 }
 
 TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndZeroPoints) {
@@ -86,15 +88,6 @@ TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
     EXPECT_EQ(form->callcq, "");
     EXPECT_EQ(form->callitu, "");
     EXPECT_FALSE(marked());
-}
-
-TEST_F(CommitTest, EnterInAnEmptyExchangeBoxCommitsNothing) {
-    typeCall("DL1ABC\r");
-    form->typeText("\r");
-    EXPECT_EQ(logRows(), 0);
-    EXPECT_EQ(form->focusName(), "txtrstr");
-    form->typeText("x\b\r"); // typed and taken back
-    EXPECT_EQ(logRows(), 0);
 }
 
 TEST_F(CommitTest, ExchangeCharacterSetFollowsTheSwitches) {

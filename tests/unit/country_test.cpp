@@ -78,16 +78,6 @@ TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
     EXPECT_EQ(text("txtrstr"), "");
 }
 
-TEST_F(CountryTest, ZoneSwitchesPrefillTheExchange) {
-    form->cqfill = 0;
-    resolve("W1AW");
-    EXPECT_EQ(text("txtrstr"), "05");
-    form->cqfill = 1;
-    form->itufill = 0;
-    resolve("JA1XYZ");
-    EXPECT_EQ(text("txtrstr"), "45");
-}
-
 TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
     form->contestcode = "cqm";
     resolve("UA4SAA");

@@ -1,6 +1,6 @@
 // Function keys, the keyer panel and the CAT link of the main window, keyed on a recording port.
-// The F-key factors, F5 with cut zeros, a busy port and F1 in WAE are played through in a
-// scenario.
+// The F-key factors (and the bar's unit restored after a factor), F5 with cut zeros, a busy port
+// and F1 in WAE are played through in the keyer_keys scenario.
 #include "formfixture.h"
 #include "keyer/keyer.h"
 #include "keyer/keyport.h"
@@ -47,20 +47,6 @@ struct KeyerPanelTest : FormFixture {
 };
 
 constexpr int F2 = 113, F3 = 114, F8 = 119, Esc = 27;
-
-TEST_F(KeyerPanelTest, KeyFactorScalesOnlyItsOwnMessage) {
-    key(F2); // "TEST" at factor 0,5
-    EXPECT_EQ(form->cwunit, 150000) << "restored as soon as the message is queued";
-    EXPECT_EQ(form->cwtext, "TEST");
-    sent();
-    // F3 (factor 1) right after: the bar's unit again.
-    form->TXTNCALL->setText("E");
-    key(F3);
-    const std::vector<KeyEvent> e = {ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
-                                     ev(0, "DTREnable", true),       ev(150000, "DTREnable", false),
-                                     ev(900000, "RTSEnable", false), ev(900000, "PortOpen", false)};
-    EXPECT_EQ(sent(), e);
-}
 
 TEST_F(KeyerPanelTest, ALineThatCannotBeSetIsReportedLikeABusyPort) {
     port.setLinesFail(true);
