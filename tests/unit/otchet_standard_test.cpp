@@ -92,6 +92,7 @@ TEST_F(StandardExportTest, CategoryBoxesStartFromTheLogAndReachTheHeader) {
                                  "Sergei Zhukov"}));
     w = open("cqww");
     EXPECT_EQ(w->cmbcatpower->text(), "LOW"); // a new activation starts from the log again
+    EXPECT_FALSE(w->cmbqtcrole->visible());   // QTCs are WAE's alone
 }
 
 TEST_F(StandardExportTest, QtcRoleBoxSwapsTheCallsOfTheQtcLines) {
