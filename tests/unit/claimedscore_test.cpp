@@ -244,23 +244,4 @@ TEST_F(CqwwLog, ANewOwnCallRescoresTheLog) {
               QStringList({"1", "0"}));
 }
 
-TEST_F(CqwwLog, CountriesComeFromCtyDatAlone) {
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("UA3ABC\r");
-    ui.queueInput("16");
-    form->fire("mnucqww_Click");
-    resolve("UA9FGR"); // Perm by its prefix row
-    EXPECT_EQ(form->callpref, "UA");
-    EXPECT_EQ(form->callkont, "EU");
-    EXPECT_EQ(text("txtpoint"), "0");
-    resolve("RA9AA/3"); // a portable area still decides
-    EXPECT_EQ(form->callkont, "EU");
-    resolve("UA0AA");
-    EXPECT_EQ(form->callpref, "UA9");
-    resolve("DL1ABC/MM");
-    EXPECT_EQ(form->callpref, "");
-    EXPECT_EQ(text("txtmult"), "");
-}
-
 } // namespace hfc::test
