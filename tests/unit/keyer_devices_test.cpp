@@ -193,20 +193,17 @@ TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
 }
 
 TEST(DaemonAbsent, NoDaemonAndNoAddressAreReportedByName) {
-    const quint16 udp = freePort(SOCK_DGRAM);
-    CwDaemonKeyer keyer("127.0.0.1", udp);
     QStringList errors;
-    keyer.setErrorHandler([&](const QString& m) { errors << m; });
-    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    keyer.waitIdle();
-    EXPECT_FALSE(keyer.busy());
-    const quint16 port = freePort(SOCK_STREAM);
-    RigctldKeyer absent("127.0.0.1", port);
-    absent.setErrorHandler([&](const QString& m) { errors << m; });
-    absent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    RigctldKeyer unset("", 0);
-    unset.setErrorHandler([&](const QString& m) { errors << m; });
-    unset.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    const auto send = [&](KeyerBackend&& keyer) {
+        keyer.setErrorHandler([&](const QString& m) { errors << m; });
+        keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+        keyer.waitIdle();
+        EXPECT_FALSE(keyer.busy());
+    };
+    const quint16 udp = freePort(SOCK_DGRAM), port = freePort(SOCK_STREAM);
+    send(CwDaemonKeyer("127.0.0.1", udp));
+    send(RigctldKeyer("127.0.0.1", port));
+    send(RigctldKeyer("", 0));
     EXPECT_EQ(errors, (QStringList{QString("cwdaemon 127.0.0.1:%1 не отвечает").arg(udp),
                                    QString("rigctld 127.0.0.1:%1 не отвечает").arg(port),
                                    "Не задан адрес rigctld ([rig] rigctld)"}));
