@@ -1,5 +1,6 @@
 // Committing the entry line: the stored row, the too-early row, the entry line's reset and the
-// log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario.
+// log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario
+// and the hand count of claimedscore_test.cpp.
 #include "entryfixture.h"
 
 using namespace hfc;
