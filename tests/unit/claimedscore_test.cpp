@@ -168,9 +168,7 @@ struct CqwwLog : EntryFixture {
 };
 
 TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("UA3ABC\r");
+    typeOwnCall("UA3ABC");
     ui.queueInput("16");
     form->fire("mnucqww_Click");
     // 40 m
@@ -209,9 +207,7 @@ TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
 // CQ WPX's worked example (rules as conval's rules/cq-wpx-cw.yaml gives them), typed through
 // the entry line from a German station: points by continent and band, prefixes once.
 TEST_F(CqwwLog, WpxWorkedExample) {
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("DL1XYZ\r");
+    typeOwnCall("DL1XYZ");
     form->fire("mnuwpx_Click");
     qso("3,5", "K1AB", "001");   // 6, K1
     qso("21", "K1AB", "002");    // 3
@@ -228,16 +224,12 @@ TEST_F(CqwwLog, WpxWorkedExample) {
 TEST_F(CqwwLog, ANewOwnCallRescoresTheLog) {
     ui.queueInput("16");
     form->fire("mnucqww_Click");
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("DL1XX\r");
+    typeOwnCall("DL1XX");
     qso("14", "DL1ABC"); // the entry line's table: 1 within Europe
     qso("14", "UA3XYZ"); // 1
     EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),
               QStringList({"1", "1"}));
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("UA3ABC\r");
+    typeOwnCall("UA3ABC");
     EXPECT_EQ(form->owncall, "UA3ABC");
     EXPECT_EQ(loadSession(db.contest).owncall, "UA3ABC");
     EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),

@@ -103,9 +103,7 @@ TEST_F(ExchangeCheck, TheOwnStationIsResolvedFromTheOwnCall) {
     // before a call is given: a station in European Russia
     EXPECT_EQ(form->ownpref, "UA");
     EXPECT_EQ(form->ownkont, "EU");
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("VK2ABC\r"); // stored cut to "ABC"; the station is the call as typed
+    typeOwnCall("VK2ABC"); // stored cut to "ABC"; the station is the call as typed
     EXPECT_EQ(form->ownpref, "VK");
     EXPECT_EQ(form->ownkont, "OC");
     EXPECT_EQ(form->ownprf, "VK2");
