@@ -14,13 +14,8 @@ using namespace hfc;
 
 namespace {
 QLineEdit* callBox(Window& w) {
-    w.form->cmbband_Click(3);
     w.form->setVar("contestcode", "cqww");
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    w.win->activateWindow();
-    call->setFocus();
-    w.form->setFocus("txtcall");
-    return call;
+    return w.callBox();
 }
 } // namespace
 

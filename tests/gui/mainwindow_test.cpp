@@ -45,10 +45,7 @@ TEST(MainWindowGui, MenusHaveTheirOwnAltLettersAndTheContestMenuStartsWithTheFin
 
 TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
     Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     QTest::keyClicks(call, "dl1xbc");
     QTest::keyClick(call, Qt::Key_Left);
     QTest::keyClick(call, Qt::Key_Left);
@@ -65,11 +62,7 @@ TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
 
 TEST(MainWindowGui, TabMovesTheFocusAndTheModelFollows) {
     Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    QApplication::setActiveWindow(w.win.get());
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     QTest::keyClick(call, Qt::Key_Tab);
     QWidget* now = QApplication::focusWidget();
     ASSERT_NE(now, nullptr);
