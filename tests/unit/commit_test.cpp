@@ -63,15 +63,23 @@ TEST_F(CommitTest, NothingIsStoredWithoutACallOrWithAnEmptyExchange) {
     EXPECT_EQ(logRows(), 0);
 }
 
-TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndZeroPoints) {
-    form->contestcode = "lzo";
-    addRow("LZ1AA", "7", "lzo", {}, {}, "1", "12:00");
-    at("12:10");
-    typeCall("LZ1AA");
-    ASSERT_EQ(mark(), "Рано");
-    form->wwodadd();
-    const Rows r = db.contest.query("SELECT ps1, point FROM tbllog WHERE ttime = '12:10'");
-    EXPECT_EQ(r[0], QStringList({"CW", "0"}));
+TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndCountsNothing) {
+    for (const auto& [code, call, band, logged, typed] :
+         {std::tuple{"lzo", "LZ1AA", "7", "12:00", "12:10"},
+          {"ES", "ES1AA", "14", "12:01", "12:59"}}) {
+        SCOPED_TRACE(code);
+        form->contestcode = code;
+        addRow(call, band, code, {}, {}, "1", logged);
+        at(typed);
+        typeCall(call);
+        ASSERT_EQ(mark(), "Рано");
+        EXPECT_EQ(text("txtpoint"), "0");
+        EXPECT_EQ(text("txtmult"), "");
+        form->wwodadd();
+        EXPECT_EQ(db.contest.query("SELECT ps1, point, mult FROM tbllog WHERE ttime = ?1",
+                                   {QString(typed)})[0],
+                  QStringList({"CW", "0", ""}));
+    }
 }
 
 TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {

@@ -106,6 +106,22 @@ TEST_F(EntrySessionTest, ThePartialListShowsTheCallsOnTheBandThatBeginSo) {
     EXPECT_TRUE(s->draft().partial.isEmpty());
 }
 
+TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
+    db.contest.exec("CREATE TRIGGER refuse BEFORE INSERT ON tbllog "
+                    "BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+    type("DL1ABC");
+    s->draft().rcvdExchange = "14", s->draft().points = "3";
+    EXPECT_THROW(s->commit(), DbError);
+    EXPECT_EQ(s->draft().call, "DL1ABC");
+    EXPECT_EQ(s->draft().rcvdExchange, "14");
+    EXPECT_EQ(s->draft().points, "3");
+    EXPECT_EQ(db.contest.scalar("SELECT count(*) FROM tbllog"), "0");
+
+    db.contest.exec("DROP TRIGGER refuse");
+    s->commit();
+    EXPECT_EQ(stored("ccall, rstr2, point"), QStringList({"DL1ABC", "14", "3"}));
+}
+
 TEST_F(EntrySessionTest, AMultiplierIsNewOnlyWhereItWasNotWorkedInItsScope) {
     LogRow r;
     r.ccall = "DL1ABC", r.bband = "7", r.mult = "DL", r.ps = "14", r.ps2 = "cqww";
