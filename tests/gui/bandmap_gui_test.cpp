@@ -27,9 +27,7 @@ TEST(BandmapGui, TheClusterPanelShowsTheMapAndCtrlDownTakesASpot) {
     EXPECT_EQ(map->model()->index(0, 1).data().toString(), "JA1XYZ");
     EXPECT_EQ(map->model()->headerData(0, Qt::Horizontal).toString(), "кГц");
 
-    w.form->setFocus("txtcall");
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
+    auto* call = w.callBox();
     QTest::keyClick(call, Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(call->text(), "JA1XYZ");
     QTest::keyClick(call, Qt::Key_Down, Qt::ControlModifier);

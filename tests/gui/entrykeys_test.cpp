@@ -14,13 +14,8 @@ using namespace hfc;
 
 namespace {
 QLineEdit* callBox(Window& w) {
-    w.form->cmbband_Click(3);
     w.form->setVar("contestcode", "cqww");
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    w.win->activateWindow();
-    call->setFocus();
-    w.form->setFocus("txtcall");
-    return call;
+    return w.callBox();
 }
 } // namespace
 
@@ -46,6 +41,12 @@ TEST(EntryKeysGui, BackspaceOverASelectionRunsTheLookupsSoTheRepeatGoes) {
     QTest::keyClick(call, Qt::Key_Delete);
     EXPECT_EQ(w.form->txtcall->text(), "DL1A");
     EXPECT_FALSE(w.form->txtrepit->visible());
+    // Typed over a selection, the call is replaced.
+    QTest::keyClick(call, Qt::Key_A, Qt::ControlModifier);
+    ASSERT_TRUE(call->hasSelectedText());
+    QTest::keyClicks(call, "ok1rr");
+    EXPECT_EQ(w.form->txtcall->text(), "OK1RR");
+    EXPECT_EQ(call->text(), "OK1RR");
 }
 
 TEST(EntryKeysGui, PasteTypesTheClipboardKeyByKey) {

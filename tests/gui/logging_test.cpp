@@ -91,14 +91,10 @@ TEST(LoggingGui, AContestLoggedWithTheKeyboardAlone) {
     EXPECT_FALSE(repeat->isVisible());
     EXPECT_EQ(grid->model()->rowCount(), 3);
 
-    const auto rows =
-        w.db.contest.query("SELECT ccall, bband, ps1, point FROM tbllog ORDER BY rowid");
-    ASSERT_EQ(rows.size(), 3u);
-    EXPECT_EQ(rows[0][0], "DL1ABC");
-    EXPECT_EQ(rows[0][1], "7");
-    EXPECT_EQ(rows[1][0], "F5ABC");
-    EXPECT_EQ(rows[2][2], "DUPE");
-    EXPECT_EQ(rows[2][3], "0");
+    EXPECT_EQ(
+        w.db.contest.query("SELECT ccall, bband, ps1, point FROM tbllog ORDER BY rowid"),
+        Rows(
+            {{"DL1ABC", "7", "CW", "1"}, {"F5ABC", "7", "CW", "1"}, {"DL1ABC", "7", "DUPE", "0"}}));
 }
 
 TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {

@@ -18,7 +18,7 @@
 
 using namespace hfc;
 
-TEST(MainWindowGui, EveryMenuHasItsOwnAltLetter) {
+TEST(MainWindowGui, MenusHaveTheirOwnAltLettersAndTheContestMenuStartsWithTheFinder) {
     Window w;
     QSet<QString> mnemonics;
     for (QAction* a : w.win->menuBar()->actions())
@@ -27,10 +27,7 @@ TEST(MainWindowGui, EveryMenuHasItsOwnAltLetter) {
     EXPECT_FALSE(mnemonics.contains(QString()));
     EXPECT_EQ(w.form->cmbadd1->text(), "Соревнования"); // the model's caption has no mark
     EXPECT_EQ(Binder::withMnemonic("A&B", QChar(u'b')), "A&&&B");
-}
 
-TEST(MainWindowGui, ContestMenuStartsWithTheFinderAndSharesNoUnderlinedKey) {
-    Window w;
     QMenu* contests = w.win->menuBar()->actions().at(0)->menu();
     ASSERT_NE(contests, nullptr);
     QSet<QString> letters;
@@ -41,45 +38,14 @@ TEST(MainWindowGui, ContestMenuStartsWithTheFinderAndSharesNoUnderlinedKey) {
         EXPECT_FALSE(letters.contains(key)) << key.toStdString();
         letters.insert(key);
     }
+    EXPECT_GE(letters.size(), 20);
     ASSERT_EQ(QString(contests->actions().at(0)->text()).remove('&'), "Найти соревнование…");
     EXPECT_EQ(contests->actions().at(0)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_K));
-    EXPECT_GE(letters.size(), 20);
-}
-
-TEST(MainWindowGui, KeysTypedIntoTheOwnCallBoxReachTheModel) {
-    Window w;
-    auto* own = w.win->findChild<QLineEdit*>("TXTNCALL");
-    ASSERT_NE(own, nullptr);
-    w.form->TXTNCALL->setText("");
-    own->setFocus();
-    w.form->setFocus("TXTNCALL");
-    QTest::keyClicks(own, "ua3abc");
-    EXPECT_EQ(w.form->TXTNCALL->text(), "UA3ABC");
-    EXPECT_EQ(own->text(), "UA3ABC");
-}
-
-TEST(MainWindowGui, TypingOverASelectedCallReplacesIt) {
-    Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    w.win->activateWindow();
-    call->setFocus();
-    w.form->setFocus("txtcall");
-    QTest::keyClicks(call, "dl1abc");
-    EXPECT_EQ(w.form->txtcall->text(), "DL1ABC");
-    QTest::keyClick(call, Qt::Key_A, Qt::ControlModifier); // select all
-    ASSERT_TRUE(call->hasSelectedText());
-    QTest::keyClicks(call, "ok1rr");
-    EXPECT_EQ(w.form->txtcall->text(), "OK1RR");
-    EXPECT_EQ(call->text(), "OK1RR");
 }
 
 TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
     Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     QTest::keyClicks(call, "dl1xbc");
     QTest::keyClick(call, Qt::Key_Left);
     QTest::keyClick(call, Qt::Key_Left);
@@ -96,11 +62,7 @@ TEST(MainWindowGui, ArrowsAndAClickPlaceTheCaretWhereTheNextKeyGoes) {
 
 TEST(MainWindowGui, TabMovesTheFocusAndTheModelFollows) {
     Window w;
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    QApplication::setActiveWindow(w.win.get());
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     QTest::keyClick(call, Qt::Key_Tab);
     QWidget* now = QApplication::focusWidget();
     ASSERT_NE(now, nullptr);

@@ -47,10 +47,7 @@ TEST(PanelsGui, DocksAreShownWhenTheContestShowsTheirPanel) {
 TEST(PanelsGui, APanelDraggedOffTheWindowFloatsWhereItIsDroppedAndTheKeyboardStays) {
     Window w;
     chooseCqww(w);
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     QDockWidget* d = dock(w, "panelMultipliers");
     ASSERT_FALSE(d->isFloating());
 

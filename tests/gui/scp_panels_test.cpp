@@ -18,7 +18,6 @@ void typeInto(QWidget* w, const char* text) {
 
 TEST(ScpPanelsGui, ListsAreDocksWithWorkedCallsMarked) {
     Window w;
-    w.form->cmbband_Click(3);
     w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES ('DL1AB', '14', 'hi hi')");
     auto* scpDock = w.win->findChild<QDockWidget*>("panelScp");
     auto* np1Dock = w.win->findChild<QDockWidget*>("panelNp1");
@@ -27,9 +26,7 @@ TEST(ScpPanelsGui, ListsAreDocksWithWorkedCallsMarked) {
     EXPECT_TRUE(scpDock->isVisible());
     EXPECT_TRUE(np1Dock->isVisible());
 
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     typeInto(call, "dl1a");
     auto* list = w.win->findChild<QListWidget*>("lstscp");
     ASSERT_NE(list, nullptr);
@@ -68,10 +65,7 @@ TEST(ScpPanelsGui, TheNameFromTheHistoryShowsBesideTheCall) {
     f.write("!!Order!!,Call,Name\nDL1AB,Hans\n");
     f.close();
     w.form->loadStationFiles();
-    w.form->cmbband_Click(3);
-    auto* call = w.win->findChild<QLineEdit*>("txtcall");
-    call->setFocus();
-    w.form->setFocus("txtcall");
+    auto* call = w.callBox();
     typeInto(call, "dl1ab");
     auto* name = w.win->findChild<QLabel*>("lblname");
     ASSERT_NE(name, nullptr);

@@ -9,6 +9,7 @@
 #include "station/settings.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
@@ -34,5 +35,14 @@ struct Window {
         win = std::make_unique<hfc::MainWindow>(form.get());
         win->show();
         QApplication::setActiveWindow(win.get()); // keys go to the focused box of the active window
+    }
+    // The call box on 14 MHz with the keyboard, in the view and in the model.
+    QLineEdit* callBox() {
+        form->cmbband_Click(3);
+        auto* call = win->findChild<QLineEdit*>("txtcall");
+        QApplication::setActiveWindow(win.get());
+        call->setFocus();
+        form->setFocus("txtcall");
+        return call;
     }
 };

@@ -1,11 +1,8 @@
 // Bad files and folders: empty, foreign and read-only databases, a read-only data folder, a
 // missing station log, an unwritable report folder. Each is refused or reported in Russian, and
 // no database is overwritten or emptied. Damage inside a database is in the disk-fault tests.
-#include "data/databases.h"
-#include "forms/clock.h"
-#include "forms/contest/contestform.h"
+#include "datafolder.h"
 #include "forms/otchet/otchetform.h"
-#include "script/scriptedui.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -20,6 +17,7 @@
 #include <unistd.h>
 
 using namespace hfc;
+using namespace hfc::test;
 
 namespace {
 
@@ -67,9 +65,7 @@ struct BadFilesTest : ::testing::Test {
     void SetUp() override {
         data = dir.path() + "/data";
         // A folder with a log of 2000 QSOs, as the program leaves it.
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        OpenedData db(data);
         db.contest.begin();
         for (int i = 0; i < 2000; ++i)
             db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult) VALUES (?1, '14', "
@@ -94,12 +90,6 @@ struct BadFilesTest : ::testing::Test {
         for (const char* f : kFiles) out.insert(f, digest(path(f)));
         return out;
     }
-    // Start-up on the folder: "" when it opened, else its message.
-    static QString openError(const QString& folder) {
-        Databases db;
-        QString error;
-        return db.open(folder, error) ? QString() : error;
-    }
     // Lets another user into the folder: it may read every file, and write where writable.
     void shareFolder(mode_t folderMode, mode_t fileMode) {
         chmod(QFile::encodeName(dir.path()).constData(), 0755);
@@ -107,13 +97,6 @@ struct BadFilesTest : ::testing::Test {
         chmod(QFile::encodeName(data).constData(), folderMode);
     }
 };
-
-void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-    ASSERT_TRUE(f.seek(at));
-    f.write(bytes);
-}
 
 } // namespace
 
@@ -166,20 +149,16 @@ TEST_F(BadFilesTest, ReadOnlyReferenceTableOpensAndAWriteIntoItIsReported) {
         Databases db;
         QString error;
         if (!db.open(data, error)) return "not opened: " + error;
-        ScriptedUi ui;
-        FixedClock clock;
-        Env env{&db, &ui, &clock, nullptr};
-        ContestForm form(env);
-        form.Form_Load();
-        form.mnudxcc_Click();
-        Form* w = form.subForm("dxcc1");
+        HeadlessWindow win(db);
+        win.form->mnudxcc_Click();
+        Form* w = win.form->subForm("dxcc1");
         w->control("txtprf")->setText("ZZ9");
         w->control("txtpref")->setText("ZZ");
         w->control("txtstran")->setText("NOWHERE");
-        ui.takeShown();
-        ui.queueAnswer(Ui::Answer::Ok);
+        win.ui.takeShown();
+        win.ui.queueAnswer(Ui::Answer::Ok);
         w->call("cmbadd_Click", {});
-        return ui.takeShown().join('\n');
+        return win.ui.takeShown().join('\n');
     });
     EXPECT_TRUE(shown.startsWith("msgbox\tОшибка базы данных") &&
                 shown.contains("dbdxcc1.sqlite") && shown.contains("только для чтения"))
@@ -205,9 +184,7 @@ TEST_F(BadFilesTest, ReadOnlyDataFolderIsRefusedWithOrWithoutItsFiles) {
 
 TEST_F(BadFilesTest, MissingStationLogIsSeededAgainBesideTheKeptLog) {
     ASSERT_TRUE(QFile::remove(path("dbiaru.sqlite")));
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    OpenedData db(data);
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
     EXPECT_EQ(db.iaru.count("SELECT * FROM tbllog1"), 0);
     EXPECT_FALSE(QFileInfo::exists(path("dbiaru.sqlite") + ".new"));
@@ -222,9 +199,7 @@ TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses)
         half.write("SQLite format 3");
         QFile(path("dbhelp.sqlite") + ".new-journal").open(QIODevice::WriteOnly);
     }
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    OpenedData db(data);
     EXPECT_GT(db.help.count("SELECT * FROM tblhelp"), 0);
     EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new"));
     EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new-journal"));
@@ -232,44 +207,33 @@ TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses)
 
 TEST_F(BadFilesTest, StationLogLeftHalfWrittenByACrashIsRolledBackAtTheNextStart) {
     // a transfer killed halfway: its rollback journal is on disk, the file holds half the rows
-    const pid_t pid = fork();
-    if (pid == 0) {
-        Db iaru;
+    ASSERT_TRUE(crashAfter([this] {
+        Db& iaru = *new Db; // never closed
         iaru.open(path("dbiaru.sqlite"), false);
         iaru.exec("PRAGMA cache_size=1"); // pages go to the file before the commit
         iaru.begin();
         for (int i = 0; i < 3000; ++i)
             iaru.run("INSERT INTO tbllog1 (ccall, QTH) VALUES (?1, ?2)",
                      {QString("DL%1").arg(i), QString(200, 'x')});
-        _exit(0); // no commit, no clean close
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
+        return true; // no commit, no clean close
+    }));
     ASSERT_TRUE(QFileInfo::exists(path("dbiaru.sqlite") + "-journal"));
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    OpenedData db(data);
     EXPECT_EQ(db.iaru.count("SELECT * FROM tbllog1"), 0);
     EXPECT_EQ(db.iaru.scalar("PRAGMA integrity_check"), "ok");
 }
 
 TEST_F(BadFilesTest, StationLogReplacedWhileRunningIsNotWrittenBehindTheOperatorsBack) {
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
-    ScriptedUi ui;
-    FixedClock clock;
-    Env env{&db, &ui, &clock, nullptr};
-    ContestForm form(env);
-    form.Form_Load();
+    OpenedData db(data);
+    HeadlessWindow w(db);
     // another copy of the station log put in place of the open one
     ASSERT_TRUE(QFile::remove(path("dbiaru.sqlite")));
     ASSERT_TRUE(QFile::copy(path("dbhelp.sqlite"), path("dbiaru.sqlite")));
     const auto before = digests();
-    ui.queueAnswer(Ui::Answer::Yes);
-    ui.queueAnswer(Ui::Answer::Ok);
-    form.cmbvur_Click();
-    const QStringList shown = ui.takeShown();
+    w.ui.queueAnswer(Ui::Answer::Yes);
+    w.ui.queueAnswer(Ui::Answer::Ok);
+    w.form->cmbvur_Click();
+    const QStringList shown = w.ui.takeShown();
     ASSERT_EQ(shown.size(), 2);
     EXPECT_TRUE(shown[1].contains("dbiaru.sqlite") && shown[1].contains("заменён"))
         << shown[1].toStdString();
@@ -280,16 +244,8 @@ TEST_F(BadFilesTest, StationLogReplacedWhileRunningIsNotWrittenBehindTheOperator
 TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheOldFile) {
     const QString out = dir.path() + "/out";
     QDir().mkpath(out);
-    QFile old(out + "/UA3ABC.LOG");
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("earlier report\n");
-    old.close();
-    {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error));
-        db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
-    }
+    writeFile(out + "/UA3ABC.LOG", "earlier report\n");
+    OpenedData(data).contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
     shareFolder(0777, 0666);
     chmod(QFile::encodeName(out).constData(), 0555);
     chmod(QFile::encodeName(out + "/UA3ABC.LOG").constData(), 0444);
@@ -297,28 +253,19 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
         Databases db;
         QString error;
         if (!db.open(data, error)) return "not opened: " + error;
-        ScriptedUi ui;
-        FixedClock clock;
-        Env env{&db, &ui, &clock, nullptr};
-        ContestForm form(env);
-        form.Form_Load();
-        form.cmbotchet_Click();
-        auto* w = static_cast<OtchetForm*>(form.subForm("otchet"));
+        HeadlessWindow win(db);
+        win.form->cmbotchet_Click();
+        auto* w = static_cast<OtchetForm*>(win.form->subForm("otchet"));
         w->txtput->setText(out);
         w->cmbreport_Click();
         return QString("%1|%2|%3")
             .arg(w->lastWriteOk)
             .arg(w->lblstatus->text())
-            .arg(ui.takeShown().filter("msgbox").size());
+            .arg(win.ui.takeShown().filter("msgbox").size());
     });
     // (the command line's exit code and message for a refused write: see the full-disk test)
     EXPECT_EQ(result,
               QString("0|Не удалось записать файл: %1/UA3ABC.LOG (нет прав на запись)|0").arg(out));
-    QFile again(out + "/UA3ABC.LOG");
-    ASSERT_TRUE(again.open(QIODevice::ReadOnly));
-    EXPECT_EQ(again.readAll(), "earlier report\n");
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error));
-    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
+    EXPECT_EQ(readFile(out + "/UA3ABC.LOG"), "earlier report\n");
+    EXPECT_EQ(OpenedData(data).contest.count("SELECT * FROM tbllog"), 2000);
 }

@@ -70,9 +70,7 @@ TEST_F(ClaimedLogTest, AnEditedPrefixTableIsReadAgain) {
 // lblscore kept up to date after each QSO, after an edit and after a clearing, always as a count
 // of the log from nothing would give it.
 TEST_F(ClaimedLogTest, LblscoreStaysAsAFullCount) {
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("UA3ABC\r");
+    typeOwnCall("UA3ABC");
     ui.queueInput("16");
     form->fire("mnucqww_Click");
     const auto fromNothing = [&] {

@@ -1,6 +1,7 @@
 // The telnet session against a cluster on a local port: the login, lines in pieces, the
 // commands, a dropped link and the waits before each new attempt.
 #include "clusterserver.h"
+#include "formfixture.h"
 #include "station/cluster.h"
 #include "station/spot.h"
 
@@ -14,17 +15,13 @@ using hfc::test::waitFor;
 namespace {
 
 struct ClusterTest : ::testing::Test {
-    int argc = 1;
-    char arg0[8] = "test";
-    char* argv[1] = {arg0};
-    std::unique_ptr<QCoreApplication> app;
+    hfc::test::QtApp qt;
     std::unique_ptr<ClusterServer> server;
     std::unique_ptr<ClusterSession> session;
     QStringList lines;
     QString login = "UA3ABC";
 
     void SetUp() override {
-        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
         server = std::make_unique<ClusterServer>();
         session = std::make_unique<ClusterSession>();
         session->setBackoff(100, 400);
@@ -34,7 +31,6 @@ struct ClusterTest : ::testing::Test {
     void TearDown() override {
         session.reset();
         server.reset();
-        app.reset();
     }
     bool start() {
         return session->start(server->address(), [this] { return login; });

@@ -1,5 +1,6 @@
 // Committing the entry line: the stored row, the too-early row, the entry line's reset and the
-// log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario.
+// log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario
+// and the hand count of claimedscore_test.cpp.
 #include "entryfixture.h"
 
 using namespace hfc;
@@ -42,38 +43,48 @@ TEST_F(CommitTest, EveryFieldOfTheRowComesFromTheEntryLine) {
     EXPECT_EQ(form->bandprev, 3);
 }
 
-TEST_F(CommitTest, SsbStoresFiveNineAndTheModeCaption) {
+TEST_F(CommitTest, SsbBeforeAnyContestStoresFiveNineTheModeCaptionAndHiHi) {
     form->cmbmod_Click();
     typeCall("DL1ABC");
     form->wwodadd();
-    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1 FROM tbllog")[0],
-              QStringList({"59", "59", "SSB"}));
+    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1, ps2 FROM tbllog")[0],
+              QStringList({"59", "59", "SSB", "hi hi"}));
 }
 
-TEST_F(CommitTest, AQsoBeforeAnyContestIsChosenCarriesHiHi) {
-    typeCall("DL1ABC");
-    form->wwodadd();
-    EXPECT_EQ(db.contest.scalar("SELECT ps2 FROM tbllog"), "hi hi");
-}
-
-TEST_F(CommitTest, EmptyCallStoresNothingAndChangesNothing) {
+TEST_F(CommitTest, NothingIsStoredWithoutACallOrWithAnEmptyExchange) {
     form->txtrstr->setText("16");
     form->setPoints("3");
     form->click("cmbAdd");
     EXPECT_EQ(logRows(), 0);
     EXPECT_EQ(text("txtrstr"), "16");
     EXPECT_EQ(form->qsorun, 0);
+    // Enter in an empty exchange box
+    form->txtrstr->setText("");
+    typeCall("DL1ABC\r");
+    form->typeText("\r");
+    EXPECT_EQ(logRows(), 0);
+    EXPECT_EQ(form->focusName(), "txtrstr");
+    form->typeText("x\b\r"); // typed and taken back
+    EXPECT_EQ(logRows(), 0);
 }
 
-TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndZeroPoints) {
-    form->contestcode = "lzo";
-    addRow("LZ1AA", "7", "lzo", {}, {}, "1", "12:00");
-    at("12:10");
-    typeCall("LZ1AA");
-    ASSERT_EQ(mark(), "Рано");
-    form->wwodadd();
-    const Rows r = db.contest.query("SELECT ps1, point FROM tbllog WHERE ttime = '12:10'");
-    EXPECT_EQ(r[0], QStringList({"CW", "0"}));
+TEST_F(CommitTest, ATooEarlyQsoKeepsItsModeAndCountsNothing) {
+    for (const auto& [code, call, band, logged, typed] :
+         {std::tuple{"lzo", "LZ1AA", "7", "12:00", "12:10"},
+          {"ES", "ES1AA", "14", "12:01", "12:59"}}) {
+        SCOPED_TRACE(code);
+        form->contestcode = code;
+        addRow(call, band, code, {}, {}, "1", logged);
+        at(typed);
+        typeCall(call);
+        ASSERT_EQ(mark(), "Рано");
+        EXPECT_EQ(text("txtpoint"), "0");
+        EXPECT_EQ(text("txtmult"), "");
+        form->wwodadd();
+        EXPECT_EQ(db.contest.query("SELECT ps1, point, mult FROM tbllog WHERE ttime = ?1",
+                                   {QString(typed)})[0],
+                  QStringList({"CW", "0", ""}));
+    }
 }
 
 TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
@@ -91,15 +102,6 @@ TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
     EXPECT_EQ(form->callcq, "");
     EXPECT_EQ(form->callitu, "");
     EXPECT_FALSE(marked());
-}
-
-TEST_F(CommitTest, EnterInAnEmptyExchangeBoxCommitsNothing) {
-    typeCall("DL1ABC\r");
-    form->typeText("\r");
-    EXPECT_EQ(logRows(), 0);
-    EXPECT_EQ(form->focusName(), "txtrstr");
-    form->typeText("x\b\r"); // typed and taken back
-    EXPECT_EQ(logRows(), 0);
 }
 
 TEST_F(CommitTest, ExchangeCharacterSetFollowsTheSwitches) {

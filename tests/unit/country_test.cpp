@@ -78,16 +78,6 @@ TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
     EXPECT_EQ(text("txtrstr"), "");
 }
 
-TEST_F(CountryTest, ZoneSwitchesPrefillTheExchange) {
-    form->cqfill = 0;
-    resolve("W1AW");
-    EXPECT_EQ(text("txtrstr"), "05");
-    form->cqfill = 1;
-    form->itufill = 0;
-    resolve("JA1XYZ");
-    EXPECT_EQ(text("txtrstr"), "45");
-}
-
 TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
     form->contestcode = "cqm";
     resolve("UA4SAA");
@@ -113,14 +103,19 @@ TEST_F(CountryTest, YuCountsOnlyYuStations) {
 }
 
 TEST_F(CountryTest, OwnCallIsResolvedToo) {
-    form->TXTNCALL->setText("RA9XAA");
-    form->resolveOwnCall();
-    EXPECT_EQ(form->ownpref, "UA"); // Komi: European Russia by cty.dat
-    EXPECT_EQ(form->ownkont, "EU");
-    EXPECT_EQ(form->owncq, "17");
-    EXPECT_EQ(form->ownitu, "19");
-    form->TXTNCALL->setText("UA0AA");
-    form->resolveOwnCall();
-    EXPECT_EQ(form->ownpref, "UA9");
-    EXPECT_EQ(form->ownkont, "AS");
+    // before a call is given: a station in European Russia
+    EXPECT_EQ(form->ownpref + form->ownkont, "UAEU");
+    typeOwnCall("VK2ABC"); // stored cut to "ABC"; the station is the call as typed
+    EXPECT_EQ(QStringList({form->ownpref, form->ownkont, form->ownprf, form->owncq}),
+              QStringList({"VK", "OC", "VK2", "30"}));
+    const std::pair<const char*, QStringList> cases[] = {
+        {"RA9XAA", {"UA", "EU", "17", "19"}}, // Komi: European Russia by cty.dat
+        {"UA0AA", {"UA9", "AS", "18", "32"}},
+        {"RA2FA", {"UA2", "EU", "15", "29"}}};
+    for (const auto& [call, want] : cases) {
+        form->TXTNCALL->setText(call);
+        form->resolveOwnCall();
+        EXPECT_EQ(QStringList({form->ownpref, form->ownkont, form->owncq, form->ownitu}), want)
+            << call;
+    }
 }

@@ -3,14 +3,10 @@
 // a crash's -wal; a backup cut short by a kill; two programs on one folder. Full disks are small
 // tmpfs mounts, which only root may make.
 #include "data/backup.h"
-#include "data/databases.h"
 #include "data/oemfile.h"
+#include "datafolder.h"
 #include "exportcommand.h"
-#include "forms/clock.h"
-#include "forms/contest/contestform.h"
 #include "forms/otchet/otchetform.h"
-#include "script/scriptedui.h"
-#include "testfiles.h"
 #include "text/codepage.h"
 
 #include <QDir>
@@ -26,8 +22,7 @@
 #include <unistd.h>
 
 using namespace hfc;
-using hfc::test::readFile;
-using hfc::test::writeFile;
+using namespace hfc::test;
 
 namespace {
 
@@ -60,25 +55,9 @@ struct SmallDisk {
 #define SMALL_DISK_OR_SKIP(disk)                                                                   \
     if (!(disk).mounted) GTEST_SKIP() << "mounting a small tmpfs needs root"
 
-QString openError(const QString& folder) {
-    Databases db;
-    QString error;
-    return db.open(folder, error) ? QString() : error;
-}
-
-// Every file of a folder with its bytes (the -wal and -shm a crash leaves included).
-QMap<QString, QByteArray> folderBytes(const QString& folder) {
-    QMap<QString, QByteArray> out;
-    for (const QString& f : QDir(folder).entryList(QDir::Files | QDir::Hidden))
-        out.insert(f, readFile(folder + '/' + f));
-    return out;
-}
-
 // A log of n QSOs (band 14, cqww, calls UA3A0 …) in folder, closed cleanly.
 void makeLog(const QString& folder, int n) {
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(folder, error)) << error.toStdString();
+    OpenedData db(folder);
     db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
     db.contest.begin();
     for (int i = 0; i < n; ++i)
@@ -87,42 +66,6 @@ void makeLog(const QString& folder, int n) {
                        {QString("UA3A%1").arg(i)});
     db.contest.commit();
 }
-
-// What a crash in the middle of logging leaves: rows in the -wal, not folded into the file.
-void crashWhileLogging(const QString& folder, const char* table, int rows) {
-    const pid_t pid = fork();
-    if (pid == 0) {
-        Databases db;
-        QString error;
-        if (!db.open(folder, error)) _exit(3);
-        db.contest.exec("PRAGMA wal_autocheckpoint=0");
-        for (int i = 0; i < rows; ++i)
-            db.contest.run(QString("INSERT INTO %1 (ccall, ps2) VALUES (?1, 'cqww')").arg(table),
-                           {QString("DL%1").arg(i)});
-        _exit(0); // no close: the -wal and -shm stay
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
-    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    ASSERT_GT(QFileInfo(folder + "/dbcontest.sqlite-wal").size(), 0);
-}
-
-void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-    ASSERT_TRUE(f.seek(at));
-    f.write(bytes);
-}
-
-struct Window {
-    ScriptedUi ui;
-    FixedClock clock;
-    std::unique_ptr<ContestForm> form;
-    explicit Window(Databases& db) {
-        form = std::make_unique<ContestForm>(Env{&db, &ui, &clock, nullptr});
-        form->Form_Load();
-    }
-};
 
 } // namespace
 
@@ -136,10 +79,8 @@ TEST(DiskFaults, ASmallReportOnAFullDiskIsNotWrittenAndTheEarlierOneStays) {
     out.fill();
 
     {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data.path(), error)) << error.toStdString();
-        Window w(db);
+        OpenedData db(data.path());
+        HeadlessWindow w(db);
         w.form->cmbotchet_Click();
         auto* otchet = static_cast<OtchetForm*>(w.form->subForm("otchet"));
         otchet->txtput->setText(out.path());
@@ -184,10 +125,8 @@ TEST(DiskFaults, AQsoRefusedByAFullDiskStaysInTheEntryLine) {
     SMALL_DISK_OR_SKIP(disk);
     const QString data = disk.path() + "/data";
     makeLog(data, 0);
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
-    Window w(db);
+    OpenedData db(data);
+    HeadlessWindow w(db);
     w.form->cmbband_Click(3);
     disk.fill();
     int logged = 0;
@@ -220,9 +159,7 @@ TEST(DiskFaults, ADatabasePathThatIsALinkIsFollowedOrTheStartStops) {
         ASSERT_TRUE(QFile::link(stick + '/' + f, data + '/' + f));
     }
     {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        OpenedData db(data);
         EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 5);
         db.contest.run("INSERT INTO tbllog (ccall) VALUES ('DL1ABC')");
     }
@@ -302,9 +239,7 @@ TEST(DiskFaults, ABackupKilledHalfwayNeverStandsUnderABackupsName) {
     QTemporaryDir dir;
     const QString data = dir.path() + "/data", folder = data + "/backup";
     {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+        OpenedData db(data);
         db.contest.begin();
         for (int i = 0; i < 20000; ++i)
             db.contest.run("INSERT INTO tbllog (ccall, QTH) VALUES (?1, ?2)",
@@ -363,9 +298,7 @@ TEST(DiskFaults, OneProgramPerDataFolderAndACrashFreesIt) {
     EXPECT_EQ(folderBytes(data), before);
     {
         // the same in one process: a second window on the folder is refused too
-        Databases first;
-        QString e;
-        ASSERT_TRUE(first.open(dir.path() + "/other", e));
+        OpenedData first(dir.path() + "/other");
         EXPECT_TRUE(openError(dir.path() + "/other").contains("используется другой"));
     }
     kill(pid, SIGKILL); // a crash: the lock goes with the process

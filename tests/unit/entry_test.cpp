@@ -79,30 +79,6 @@ TEST_F(EntryTest, ArrowsAndTheEmptyBox) {
     EXPECT_FALSE(marked());
 }
 
-TEST_F(EntryTest, PartialCallListVersusRepeat) {
-    form->contestcode = "cqww";
-    addRow("DL1ABC", "14", "cqww");
-    addRow("DL1ABD", "14", "cqww");
-    addRow("DL1XYZ", "21", "cqww");
-    addRow("DL1AAA", "14", "wpx");
-    typeCall("DL1");
-    EXPECT_EQ(form->DBList1->items(), QStringList({"DL1ABC", "DL1ABD"}));
-    EXPECT_FALSE(marked());
-    form->typeText("ABC");
-    EXPECT_EQ(mark(), "Повтор");
-    ASSERT_EQ(form->DBGrid1->rows().size(), 1u); // the earlier QSO is shown
-    EXPECT_EQ(form->DBGrid1->rows()[0][0], "DL1ABC");
-    form->typeText("\b");
-    EXPECT_FALSE(marked());
-    // another band: no repeat
-    typeCall("DL1XYZ");
-    EXPECT_TRUE(form->DBList1->items().isEmpty());
-    EXPECT_FALSE(marked());
-    form->cmbband_Click(4);
-    typeCall("DL1XYZ");
-    EXPECT_EQ(mark(), "Повтор");
-}
-
 TEST_F(EntryTest, ATypoInTheMiddleIsMendedWhereItIsAndTheLookupsFollow) {
     form->contestcode = "cqww";
     addRow("DL1ABC", "14", "cqww");
@@ -147,27 +123,6 @@ TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {
     form->lblrstr->setText("599");
     typeCall("SP1AA");
     EXPECT_EQ(mark(), "Повтор");
-}
-
-TEST_F(EntryTest, ChempAndEsAllowOneQsoPerBandAndClockHour) {
-    for (const char* code : {"chemp", "ES"}) {
-        form->contestcode = code;
-        addRow("ES1AA", "14", code, {}, {}, {}, "12:01");
-        at("12:59");
-        typeCall("ES1AA");
-        EXPECT_EQ(mark(), "Рано") << code;
-        EXPECT_EQ(text("txtpoint"), "0") << code;
-        EXPECT_EQ(text("txtmult"), "") << code;
-        at("13:00");
-        typeCall("ES1AA");
-        EXPECT_NE(mark(), "Рано") << code;
-    }
-    // ES: another band is another QSO
-    form->contestcode = "ES";
-    form->cmbband_Click(2);
-    at("12:30");
-    typeCall("ES1AA");
-    EXPECT_FALSE(marked());
 }
 
 TEST_F(EntryTest, GotFocusStartsANewQsoWithCleanBoxes) {

@@ -24,6 +24,12 @@ struct EntryFixture : FormFixture {
         form->txtcall->setText("");
         form->typeText(call);
     }
+    // Types the own call into its emptied box and confirms it with Enter.
+    void typeOwnCall(const QString& call) {
+        form->setFocus("TXTNCALL");
+        form->TXTNCALL->setText("");
+        form->typeText(call + "\r");
+    }
     // Resolves a call as the keystroke path does.
     void resolve(const QString& call) {
         form->txtcall->setText(call);

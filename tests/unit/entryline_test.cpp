@@ -69,8 +69,9 @@ TEST_F(EntryLineTest, EarlierQsosShowOnEveryBandAndARepeatShowsTheZeroItIsStored
     EXPECT_EQ(text("txtpoint"), "0");
     EXPECT_EQ(text("txtmult"), "");
     EXPECT_EQ(text("txtmult2"), "");
-    // A partial call still shows the list's entry, as before.
+    // A partial call shows the band's calls that begin so, and the list's entry as before.
     typeCall("DL1");
+    EXPECT_EQ(form->DBList1->items(), QStringList{"DL1ABC"});
     EXPECT_EQ(form->DBGrid1->rows().size(), 2u);
 }
 

@@ -1,5 +1,5 @@
 // The "Неверно" mark on Enter: what it stops, how the operator confirms or corrects, which marks
-// it leaves alone; the counts that read earlier QSOs; the own station.
+// it leaves alone; the counts that read earlier QSOs.
 #include "contests/contestdef.h"
 #include "contests/exchangecheck.h"
 #include "contests/locator.h"
@@ -97,22 +97,6 @@ TEST_F(ExchangeCheck, RsgbBonusForTheFirstDistrictAndTheFirstCountry) {
     }
     EXPECT_EQ(db.contest.column("SELECT point2 FROM tbllog ORDER BY rowid"),
               QStringList({"5", "0", "5", "5", "0", "5"}));
-}
-
-TEST_F(ExchangeCheck, TheOwnStationIsResolvedFromTheOwnCall) {
-    // before a call is given: a station in European Russia
-    EXPECT_EQ(form->ownpref, "UA");
-    EXPECT_EQ(form->ownkont, "EU");
-    form->setFocus("TXTNCALL");
-    form->TXTNCALL->setText("");
-    form->typeText("VK2ABC\r"); // stored cut to "ABC"; the station is the call as typed
-    EXPECT_EQ(form->ownpref, "VK");
-    EXPECT_EQ(form->ownkont, "OC");
-    EXPECT_EQ(form->ownprf, "VK2");
-    EXPECT_EQ(form->owncq, "30");
-    form->TXTNCALL->setText("RA2FA");
-    form->resolveOwnCall();
-    EXPECT_EQ(form->ownpref, "UA2");
 }
 
 TEST(ExchangeRules, EveryContestHasAPointsRuleAndACheck) {

@@ -10,6 +10,7 @@
 #include "keyer/morsetext.h"
 #include "keyer/rigctldkeyer.h"
 #include "keyer/winkeyer.h"
+#include "rigctld.h"
 #include "station/settings.h"
 
 #include <QCoreApplication>
@@ -64,16 +65,6 @@ bool startCwdaemon(Daemon& d, quint16 port) {
     for (int i = 0; i < 100; ++i) {
         if (udpBound(port)) return true;
         QThread::msleep(30);
-    }
-    return false;
-}
-
-bool startRigctld(Daemon& d, quint16 port) {
-    d.process.start("rigctld", {"-m", "1", "-t", QString::number(port)});
-    if (!d.process.waitForStarted(3000)) return false;
-    for (int i = 0; i < 60; ++i) {
-        if (connectTcp("127.0.0.1", port, 200).valid()) return true;
-        QThread::msleep(50);
     }
     return false;
 }
@@ -163,10 +154,10 @@ TEST_F(CwdaemonTest, EscAbortsTheMessage) {
 }
 
 struct RigctldTest : ::testing::Test {
-    Daemon daemon;
-    quint16 port = freePort(SOCK_STREAM);
+    hfc::test::Rigctld daemon;
+    quint16 port = daemon.port();
     QStringList errors;
-    void SetUp() override { ASSERT_TRUE(startRigctld(daemon, port)) << "rigctld did not start"; }
+    void SetUp() override { ASSERT_TRUE(daemon.start()) << "rigctld did not start"; }
     // The radio's keyer speed as rigctld reports it to another client.
     QByteArray radioSpeed() {
         Fd fd = connectTcp("127.0.0.1", port, 1000);
@@ -193,20 +184,17 @@ TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
 }
 
 TEST(DaemonAbsent, NoDaemonAndNoAddressAreReportedByName) {
-    const quint16 udp = freePort(SOCK_DGRAM);
-    CwDaemonKeyer keyer("127.0.0.1", udp);
     QStringList errors;
-    keyer.setErrorHandler([&](const QString& m) { errors << m; });
-    keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    keyer.waitIdle();
-    EXPECT_FALSE(keyer.busy());
-    const quint16 port = freePort(SOCK_STREAM);
-    RigctldKeyer absent("127.0.0.1", port);
-    absent.setErrorHandler([&](const QString& m) { errors << m; });
-    absent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    RigctldKeyer unset("", 0);
-    unset.setErrorHandler([&](const QString& m) { errors << m; });
-    unset.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    const auto send = [&](KeyerBackend&& keyer) {
+        keyer.setErrorHandler([&](const QString& m) { errors << m; });
+        keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+        keyer.waitIdle();
+        EXPECT_FALSE(keyer.busy());
+    };
+    const quint16 udp = freePort(SOCK_DGRAM), port = freePort(SOCK_STREAM);
+    send(CwDaemonKeyer("127.0.0.1", udp));
+    send(RigctldKeyer("127.0.0.1", port));
+    send(RigctldKeyer("", 0));
     EXPECT_EQ(errors, (QStringList{QString("cwdaemon 127.0.0.1:%1 не отвечает").arg(udp),
                                    QString("rigctld 127.0.0.1:%1 не отвечает").arg(port),
                                    "Не задан адрес rigctld ([rig] rigctld)"}));

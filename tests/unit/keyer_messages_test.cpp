@@ -91,19 +91,18 @@ TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
     EXPECT_EQ(form->cwtext, "{CALL}") << "F2 is a fixed text";
 }
 
-TEST_F(KeyerMessagesTest, EnterSendsNothingWithoutTheSetting) {
+TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {
+    ownCall("UA3ABC");
     startCqww();
-    enter();
+    enter(); // without the setting Enter sends nothing
     type("DL1XYZ");
     enter();
     EXPECT_TRUE(messages.isEmpty());
     EXPECT_EQ(form->focusName(), "txtrstr");
-}
-
-TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {
+    form->cmbband_Click(3); // a new QSO
+    form->setFocus(form->txtcall);
+    form->txtcall->setText("");
     settings.esm = true;
-    ownCall("UA3ABC");
-    startCqww();
     form->txttu->setText("TU {MYCALL}");
     enter();
     EXPECT_EQ(messages, QStringList{"TEST"}) << "an empty call box calls CQ";

@@ -1,6 +1,7 @@
 // Function keys, the keyer panel and the CAT link of the main window, keyed on a recording port.
-// The F-key factors, F5 with cut zeros, a busy port and F1 in WAE are played through in a
-// scenario.
+// The F-key factors (and the bar's unit restored after a factor), F5 with cut zeros, a busy port
+// and F1 in WAE are played through in the keyer_keys scenario; Esc and a line that cannot be set
+// on the keyer itself in keyer_test.cpp, and Esc from the window in KeyerChoiceTest.
 #include "formfixture.h"
 #include "keyer/keyer.h"
 #include "keyer/keyport.h"
@@ -12,10 +13,6 @@ using namespace hfc;
 using hfc::test::FormFixture;
 
 namespace {
-
-KeyEvent ev(qint64 t, const char* name, bool v) {
-    return {t, QString::fromLatin1(name), v};
-}
 
 struct KeyerPanelTest : FormFixture {
     // The keyer's thread hands its notices to the window through the event queue.
@@ -36,56 +33,12 @@ struct KeyerPanelTest : FormFixture {
     std::vector<KeyEvent> sent() {
         if (KeyerBackend* k = form->keyer()) k->waitIdle();
         QCoreApplication::sendPostedEvents();
-        auto events = port.takeEvents();
-        if (!events.empty()) {
-            const qint64 t0 = events.front().time;
-            for (KeyEvent& e : events) e.time -= t0;
-        }
-        return events;
+        return port.takeEvents();
     }
     void key(int code, int shift = 0) { form->pressKey(code, shift); }
 };
 
-constexpr int F2 = 113, F3 = 114, F8 = 119, Esc = 27;
-
-TEST_F(KeyerPanelTest, KeyFactorScalesOnlyItsOwnMessage) {
-    key(F2); // "TEST" at factor 0,5
-    EXPECT_EQ(form->cwunit, 150000) << "restored as soon as the message is queued";
-    EXPECT_EQ(form->cwtext, "TEST");
-    sent();
-    // F3 (factor 1) right after: the bar's unit again.
-    form->TXTNCALL->setText("E");
-    key(F3);
-    const std::vector<KeyEvent> e = {ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
-                                     ev(0, "DTREnable", true),       ev(150000, "DTREnable", false),
-                                     ev(900000, "RTSEnable", false), ev(900000, "PortOpen", false)};
-    EXPECT_EQ(sent(), e);
-}
-
-TEST_F(KeyerPanelTest, ALineThatCannotBeSetIsReportedLikeABusyPort) {
-    port.setLinesFail(true);
-    ui.queueAnswer(Ui::Answer::Ok);
-    key(F2);
-    EXPECT_EQ(sent(), std::vector<KeyEvent>{ev(0, "PortOpen", true)});
-    EXPECT_EQ(ui.takeShown().size(), 1);
-}
-
-TEST_F(KeyerPanelTest, EscStopsTheMessageAndDropsTheQueue) {
-    port.holdAt(100000); // inside the first dash of "TEST" (0..225000 at factor 0,5)
-    key(F2);
-    key(F8); // waits behind the first
-    ASSERT_TRUE(port.waitUntilHeld(5000));
-    key(Esc);
-    const std::vector<KeyEvent> expected = {
-        ev(0, "PortOpen", true),        ev(0, "RTSEnable", true),
-        ev(0, "DTREnable", true),       ev(100000, "DTREnable", false),
-        ev(100000, "RTSEnable", false), ev(100000, "PortOpen", false)};
-    EXPECT_EQ(sent(), expected);
-    EXPECT_EQ(form->cwunit, 150000);
-    // Esc with nothing being sent does nothing to the port.
-    key(Esc);
-    EXPECT_TRUE(sent().empty());
-}
+constexpr int F3 = 114;
 
 TEST_F(KeyerPanelTest, F10AndLettersSendNothing) {
     form->txtf9->setText("AGN");

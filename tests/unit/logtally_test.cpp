@@ -131,7 +131,7 @@ struct LogTallyTest : FormFixture {
 } // namespace
 
 TEST_F(LogTallyTest, PanelAgreesWithThePlainQueriesAfterEveryKindOfWrite) {
-    for (const char* contest : {"cqww", "chemp", "lzo"}) {
+    for (const char* contest : {"cqww", "chemp", "lzo", "bal"}) {
         form->contestcode = contest;
         runOps(contest, 120);
     }

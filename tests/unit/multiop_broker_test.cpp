@@ -3,6 +3,8 @@
 // settings. QSOs, edits and deletes cross over; a partition converges; a computer killed
 // between its commit and its publish still delivers; a late joiner gets the whole log.
 #include "../support/freeport.h"
+#include "rigctld.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -245,21 +247,16 @@ TEST(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
 TEST(MultiOpBroker, TheStationPanelShowsTheOtherComputersFrequency) {
     Broker broker;
     ASSERT_TRUE(broker.start());
-    const quint16 rigPort = freePort();
-    QProcess rig;
-    rig.start("rigctld", {"-m", "1", "-t", QString::number(rigPort)});
-    ASSERT_TRUE(rig.waitForStarted());
-    for (int i = 0; i < 100 && !accepting(rigPort); ++i) QThread::msleep(50);
+    hfc::test::Rigctld rig;
+    ASSERT_TRUE(rig.start());
     QTemporaryDir base;
     Computer run("run", base.path(), broker.port, "field",
-                 QStringLiteral("[rig]\nrigctld=127.0.0.1:%1\n").arg(rigPort));
+                 "[rig]\nrigctld=" + rig.address() + "\n");
     Computer mult("mult", base.path(), broker.port);
     run.start(Start + "wait 1500\n" + qso("dl1abc") + "call Timer1_Timer\nprint lblfreq.text\n" +
               "wait 4000\n");
     mult.start(Start + "wait 4000\ncall stationRefresh\nprint lststation.items\n");
     const QString runOut = run.finish(), multOut = mult.finish();
-    rig.terminate();
-    rig.waitForFinished();
     const QRegularExpression freq("lblfreq.text=(\\d+\\.\\d)\n");
     const QRegularExpressionMatch m = freq.match(runOut);
     ASSERT_TRUE(m.hasMatch()) << runOut.toStdString();

@@ -32,42 +32,43 @@ struct MultTest : FormFixture {
 
 } // namespace
 
-TEST_F(MultTest, CountryCountsOncePerBandByDefault) {
+// Each contest's scope of the first multiplier (country or prefix) and of the second (per band).
+TEST_F(MultTest, EachContestChecksInItsOwnScope) {
     addMult("DL1A", "14", "cqww", "DL");
-    EXPECT_EQ(check("cqww", "14", "DL"), "");
-    EXPECT_EQ(check("cqww", "21", "DL"), "DL");
-    EXPECT_EQ(check("cqww", "14", "F"), "F");
-    EXPECT_EQ(check("cqm", "14", "DL"), "DL"); // other contest's log does not count
-}
-
-TEST_F(MultTest, PrefixCountsOncePerContestInWpxAndTops) {
+    addMult("UA3A", "14", "cqww", "");
     addMult("K1AB", "14", "wpx", "K1");
     addMult("G3XY", "7", "tops", "G3");
-    EXPECT_EQ(check("wpx", "21", "K1"), "");
-    EXPECT_EQ(check("wpx", "21", "K2"), "K2");
-    EXPECT_EQ(check("tops", "3,5", "G3"), "");
-}
-
-TEST_F(MultTest, VkZlCountsOncePerSentReportOnAnyBand) {
     addMult("VK2A", "14", "vkzl", "VK2", "599");
-    form->lblrsts->setText("599");
-    EXPECT_EQ(check("vkzl", "21", "VK2"), "");
-    form->lblrsts->setText("579");
-    EXPECT_EQ(check("vkzl", "14", "VK2"), "VK2");
-}
-
-TEST_F(MultTest, SecondMultiplierIsPerBandInEveryContest) {
     db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, ps) VALUES "
                    "('K1AB','14','wpx','05'), ('DL1A','14','cqww','14')");
+    struct Case {
+        const char *contest, *band, *cand, *sent, *isNew;
+    };
+    const Case cases[] = {
+        // the country once per band by default; another contest's log does not count
+        {"cqww", "14", "DL", "599", ""},
+        {"cqww", "21", "DL", "599", "DL"},
+        {"cqww", "14", "F", "599", "F"},
+        {"cqm", "14", "DL", "599", "DL"},
+        {"cqww", "14", "", "599", ""}, // an empty candidate is never new
+        // the prefix once in the contest in WPX and TOPS
+        {"wpx", "21", "K1", "599", ""},
+        {"wpx", "21", "K2", "599", "K2"},
+        {"tops", "3,5", "G3", "599", ""},
+        // VK/ZL: once per sent report on any band
+        {"vkzl", "21", "VK2", "599", ""},
+        {"vkzl", "14", "VK2", "579", "VK2"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.contest) + " " + c.band + " " + c.cand);
+        form->lblrsts->setText(c.sent);
+        EXPECT_EQ(check(c.contest, c.band, c.cand), c.isNew);
+    }
+    // the second multiplier per band in every contest
     EXPECT_EQ(pcheck("wpx", "14", "05"), "");
     EXPECT_EQ(pcheck("wpx", "21", "05"), "05");
     EXPECT_EQ(pcheck("cqww", "14", "14"), "");
     EXPECT_EQ(pcheck("cqww", "14", "15"), "15");
-}
-
-TEST_F(MultTest, EmptyCandidateIsNeverNew) {
-    addMult("UA3A", "14", "cqww", "");
-    EXPECT_EQ(check("cqww", "14", ""), "");
 }
 
 TEST_F(MultTest, WorkedListTogglesAndFollowsTheCheckScope) {

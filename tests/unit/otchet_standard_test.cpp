@@ -92,6 +92,7 @@ TEST_F(StandardExportTest, CategoryBoxesStartFromTheLogAndReachTheHeader) {
                                  "Sergei Zhukov"}));
     w = open("cqww");
     EXPECT_EQ(w->cmbcatpower->text(), "LOW"); // a new activation starts from the log again
+    EXPECT_FALSE(w->cmbqtcrole->visible());   // QTCs are WAE's alone
 }
 
 TEST_F(StandardExportTest, QtcRoleBoxSwapsTheCallsOfTheQtcLines) {
@@ -137,11 +138,8 @@ TEST_F(StandardExportTest, CheckListShowsWhatARobotWouldFlagAndDoesNotStopWritin
     insert("tbllogTemp", badQtc);
     OtchetForm* w = open("cqww");
     const QStringList expected = lintMessages();
-    EXPECT_EQ(w->lstlint->items(), expected);
-    // Among them: the QSO entered after a later one, the look-alike letters, the QTC line.
-    EXPECT_EQ(expected.filter("27.11.20 23:59 OH2BH: ").size(), 1);
-    EXPECT_GE(expected.filter(QString::fromUtf8("07.05.21 10:05 UА3ХYZ: ")).size(), 1);
-    EXPECT_EQ(expected.filter("08.08.20 00:31 DL2CCC: ").size(), 1);
+    EXPECT_EQ(w->lstlint->items(), expected); // what each says: standard_lint_test.cpp
+    EXPECT_EQ(expected.filter("08.08.20 00:31 DL2CCC: ").size(), 1); // the QTC line added here
 
     // A QSO logged while the window is open shows up when a standard button is pressed.
     LogRow late = log[0];

@@ -88,6 +88,8 @@ TEST_F(OtchetTest, ContestCodesScaleMultipliersAndChooseTheScoreRule) {
         EXPECT_EQ(row(3), c.band14);
         EXPECT_EQ(totals(), c.totals);
     }
+    open("chemp"); // the championship's columns are zones and correspondents
+    EXPECT_EQ(otchet()->ld->text() + " " + otchet()->lz->text(), "зоны корр");
 }
 
 TEST_F(OtchetTest, EveryActivationRecountsFromTheLog) {
@@ -130,10 +132,11 @@ TEST_F(OtchetTest, StationBoxesShowAndStoreTheStationData) {
     w->typeText(QString::fromUtf8("Тула"));
     w->tpod->setText("SO-CW");
     w->tcall->setText("UA3XYZ");
+    w->tname->setText("Иван");
     EXPECT_EQ(o("cmbtit"), "UA3XYZ.SUM");
     w->tq[6]->setText("12"); // the "sat" figures are entered by hand
-    EXPECT_EQ(db.contest.query("SELECT ccall, podgrup, adregor FROM tbltit")[0].join(' '),
-              QString::fromUtf8("UA3XYZ SO-CW Тула"));
+    EXPECT_EQ(db.contest.query("SELECT ccall, podgrup, adregor, nname FROM tbltit")[0].join(' '),
+              QString::fromUtf8("UA3XYZ SO-CW Тула Иван"));
     w->Command1_Click();
     open();
     EXPECT_EQ(o("tgor"), QString::fromUtf8("Тула"));
@@ -223,6 +226,17 @@ TEST_F(OtchetTest, AFileThatCannotBeWrittenIsReportedAndTheLogStays) {
     w->cmbreport_Click();                  // the other names are free
     EXPECT_TRUE(w->lastWriteOk);
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 1);
+}
+
+TEST_F(OtchetTest, FolderChoiceAndAFolderThatIsNotThere) {
+    db.contest.run("UPDATE tbltit SET ccall = 'UA3ABC'");
+    OtchetForm* w = open();
+    w->Dir1->setExtra("path", "/"); // the root keeps a single separator
+    w->Dir1_MouseDown();
+    EXPECT_EQ(o("txtput"), "/");
+    w->txtput->setText("nosuchfolder");
+    w->cmbtit_Click();
+    EXPECT_EQ(o("lblstatus"), "Не удалось записать файл: nosuchfolder/UA3ABC.SUM (папки нет)");
 }
 
 TEST_F(OtchetTest, APortableCallNamesFilesInTheChosenFolder) {

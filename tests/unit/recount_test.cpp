@@ -1,4 +1,5 @@
-// Serial numbers and band totals rebuilt from the log.
+// Serial numbers and band totals rebuilt from the log. The totals' rules of every kind are held
+// against plain queries in logtally_test.cpp.
 #include "formfixture.h"
 
 using namespace hfc;
@@ -47,22 +48,6 @@ TEST_F(RecountTest, SerialKeepsThreeDigitsAndGrowsPastThem) {
     }
 }
 
-TEST_F(RecountTest, MultipliersAreDistinctNonEmptyValuesPerBand) {
-    addRow("DL1A", "14", "cqww", "DL", "14");
-    addRow("DL2B", "14", "cqww", "DL", "14");
-    addRow("F5C", "14", "cqww", "F", "14");
-    addRow("UA3D", "14", "cqww", "", "16");
-    addRow("DL3E", "21", "cqww", "DL", "14");
-    addRow("W1AW", "sat", "cqww", "K", "");
-    addRow("K1ZZ", "14", "wpx", "K1", "05"); // another contest
-    select("mnucqww", "16");
-    EXPECT_EQ(bandColumn("qsoband"), QStringList({"0", "0", "0", "4", "1", "0", "1"}));
-    EXPECT_EQ(bandColumn("multband"), QStringList({"0", "0", "0", "2", "1", "0", "1"}));
-    EXPECT_EQ(bandColumn("multband1"), QStringList({"0", "0", "0", "2", "1", "0", "0"}));
-    EXPECT_EQ(text("multtot"), "4");
-    EXPECT_EQ(text("multtot1"), "3");
-}
-
 TEST_F(RecountTest, ChampionshipSumsPointsInsteadOfCountingMultipliers) {
     db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, ps, point, point2) VALUES "
                    "('UA1A','7','chemp','X','Y','12','1'), ('UA4B','7','chemp','X','Y','15','2'),"
@@ -75,16 +60,6 @@ TEST_F(RecountTest, ChampionshipSumsPointsInsteadOfCountingMultipliers) {
     EXPECT_EQ(text("multtot1"), "3");
     EXPECT_EQ(text("lblrsts"), "1");
     EXPECT_EQ(text("lblrstr"), "");
-}
-
-TEST_F(RecountTest, PointContestsShowThePointTotalAsMultipliers) {
-    db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, point) VALUES "
-                   "('LY1A','3,5','bal','LY','10'), ('SM5B','3,5','bal','SM','1'),"
-                   "('ES1C','3,5','bal','ES','10')");
-    select("mnubal");
-    EXPECT_EQ(text("multband(1)"), "3"); // the band still counts distinct values
-    EXPECT_EQ(text("multtot"), "21");
-    EXPECT_EQ(text("qsotot"), "3");
 }
 
 TEST_F(RecountTest, LzOpenPassesOnTheLastReceivedNumber) {

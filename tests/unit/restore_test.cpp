@@ -3,18 +3,11 @@
 // onto the restored log.
 #include "data/backup.h"
 #include "data/restore.h"
+#include "datafolder.h"
 #include "formfixture.h"
-#include "testfiles.h"
-
-#include <QDir>
-#include <QFile>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace hfc;
-using hfc::test::FormFixture;
-using hfc::test::readFile;
-using hfc::test::writeFile;
+using namespace hfc::test;
 
 namespace {
 
@@ -29,10 +22,9 @@ QStringList calls(Db& log) {
 
 // A data folder whose log holds these calls, and a backup of it in backupFolder.
 QString logWithBackup(const QString& data, const QString& backupFolder, const QStringList& rows) {
-    Databases db;
-    QString error;
-    EXPECT_TRUE(db.open(data, error)) << error.toStdString();
+    OpenedData db(data);
     logCalls(db.contest, rows);
+    QString error;
     const QString backup =
         backupDatabase(db.contest, backupFolder, "dbcontest", QDateTime::currentDateTime(), error);
     EXPECT_FALSE(backup.isEmpty()) << error.toStdString();
@@ -114,32 +106,19 @@ TEST(RestoreCommand, TheBackupWinsOverAStaleWalLeftByACrash) {
     QTemporaryDir dir;
     const QString data = dir.path() + "/data";
     const QString backup = logWithBackup(data, dir.path(), {"DL1AA", "DL2BB"});
-    const pid_t pid = fork();
-    if (pid == 0) {
-        Databases db;
-        QString error;
-        if (!db.open(data, error)) _exit(3);
-        db.contest.exec("PRAGMA wal_autocheckpoint=0");
-        logCalls(db.contest, {"F5CC", "G4DD"});
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
-    ASSERT_GT(QFileInfo(data + "/dbcontest.sqlite-wal").size(), 0);
+    crashWhileLogging(data, "tbllog", 2);
 
     QString out, err;
     EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 0) << err.toStdString();
     EXPECT_TRUE(out.startsWith("Журнал восстановлен из копии «" + backup)) << out.toStdString();
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(data, error)) << error.toStdString();
+    OpenedData db(data);
     EXPECT_EQ(calls(db.contest), QStringList({"DL1AA", "DL2BB"}));
     // what the crash had logged is in the copy saved before the restore
     const QStringList saved = QDir(data + "/backup").entryList({"*.sqlite"}, QDir::Files);
     ASSERT_EQ(saved.size(), 1);
     Db before;
     before.open(data + "/backup/" + saved[0], false);
-    EXPECT_EQ(calls(before), QStringList({"DL1AA", "DL2BB", "F5CC", "G4DD"}));
+    EXPECT_EQ(calls(before), QStringList({"DL1AA", "DL2BB", "DL0", "DL1"}));
 }
 
 TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
@@ -162,9 +141,7 @@ TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
 
     // the logger running on the folder
     {
-        Databases running;
-        QString error;
-        ASSERT_TRUE(running.open(data, error));
+        OpenedData running(data);
         EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 1);
         EXPECT_TRUE(err.contains("используется другой")) << err.toStdString();
     }

@@ -1,20 +1,11 @@
 // The radio through the real rigctld (Hamlib's dummy radio): the window follows it, the band
 // buttons move it, QSOs keep its frequency, and a stopped, killed or restarted daemon is shown
 // and found again. Also the settings window that points the program at it.
-#include "data/databases.h"
-#include "forms/clock.h"
-#include "forms/contest/contestform.h"
+#include "formfixture.h"
 #include "forms/settings/settingsform.h"
 #include "rigctld.h"
-#include "script/scriptedui.h"
 #include "station/rig.h"
 #include "station/settings.h"
-
-#include <QFile>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-#include <memory>
 
 using namespace hfc;
 using hfc::test::Rigctld;
@@ -25,10 +16,7 @@ namespace {
 constexpr int kPatience = 5000; // ms; generous, the build machine is shared
 
 struct RigTest : ::testing::Test {
-    int argc = 1;
-    char arg0[8] = "test";
-    char* argv[1] = {arg0};
-    std::unique_ptr<QCoreApplication> app;
+    hfc::test::QtApp qt;
     QTemporaryDir dir;
     QByteArray oldXdg;
     Databases db;
@@ -39,7 +27,6 @@ struct RigTest : ::testing::Test {
     std::unique_ptr<ContestForm> form;
 
     void SetUp() override {
-        if (!QCoreApplication::instance()) app = std::make_unique<QCoreApplication>(argc, argv);
         oldXdg = qgetenv("XDG_CONFIG_HOME");
         qputenv("XDG_CONFIG_HOME", (dir.path() + "/config").toLocal8Bit());
         QString error;
@@ -53,13 +40,9 @@ struct RigTest : ::testing::Test {
         form.reset();
         daemon.stop();
         qputenv("XDG_CONFIG_HOME", oldXdg);
-        app.reset();
     }
     void openWindow() {
-        Env env;
-        env.db = &db;
-        env.ui = &ui;
-        env.clock = &clock;
+        Env env{&db, &ui, &clock, nullptr};
         env.settings = &settings;
         form = std::make_unique<ContestForm>(env);
         form->Form_Load();
@@ -237,21 +220,9 @@ TEST_F(RigTest, SettingsWindowPointsTheProgramAtTheRadio) {
     ASSERT_NE(w, nullptr);
     ASSERT_TRUE(w->isShown());
 
-    // Not an address: said, and nothing is written or used.
-    w->txtrigctld->setText("localhost");
-    ui.queueAnswer(Ui::Answer::Ok);
-    w->cmdsave_Click();
-    EXPECT_TRUE(ui.takeShown().join("\n").contains("ХОСТ:ПОРТ"));
-    EXPECT_EQ(w->focusName(), "txtrigctld");
-    EXPECT_FALSE(QFile::exists(StationSettings::defaultPath()));
-    EXPECT_EQ(form->rig(), nullptr);
-
+    // (what the window refuses and what it writes to the file: settings_test.cpp)
     w->txtrigctld->setText(daemon.address());
     w->cmdsave_Click();
-    EXPECT_FALSE(w->isShown());
-    EXPECT_EQ(settings.rigctld, daemon.address());
-    QSettings conf(StationSettings::defaultPath(), QSettings::IniFormat);
-    EXPECT_EQ(conf.value("rig/rigctld").toString(), daemon.address());
     ASSERT_TRUE(waitUntil([&] { return online(); }, kPatience));
     tune("14030000", "14030.0");
     EXPECT_EQ(form->curband, "14");

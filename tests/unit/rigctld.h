@@ -1,10 +1,11 @@
 #pragma once
 // The real Hamlib daemon for tests: `rigctld -m 1` (Hamlib's dummy radio) on a free local port,
 // and `rigctl` through it to turn the radio's knobs as an operator would.
+#include "../support/freeport.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QTcpServer>
 #include <QTcpSocket>
 #include <QThread>
 #include <csignal>
@@ -53,12 +54,6 @@ class Rigctld {
         p.start(QStringLiteral("rigctl"), args);
         p.waitForFinished(10000);
         return QString::fromLocal8Bit(p.readAllStandardOutput()).trimmed();
-    }
-
-    static quint16 freePort() {
-        QTcpServer s;
-        s.listen(QHostAddress::LocalHost, 0);
-        return s.serverPort();
     }
 
   private:

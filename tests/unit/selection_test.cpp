@@ -92,6 +92,16 @@ TEST_F(SelectionTest, CaptionsFollowTheContestAndStayUntilAnotherSetsThem) {
 }
 
 TEST_F(SelectionTest, MultiplierWindowOfEachKind) {
+    ui.queueInput("16");
+    choose("mnucqww"); // the zones
+    EXPECT_EQ(text("multwid"), "CQ zone");
+    EXPECT_EQ(form->mwidlast, 39);
+    EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(8)") + " " + text("txtMwid(39)"),
+              "01 09 40");
+    choose("mnuea"); // provinces
+    EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(1)") + " " + text("txtMwid(46)"), "A AB ZA");
+    choose("mnupacc");
+    EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(11)"), "DR ZL");
     ui.queueInput("45");
     choose("mnujid"); // numbered boxes
     EXPECT_EQ(form->mwidlast, 46);

@@ -1,9 +1,10 @@
 // Start-up, clock, rate and own call of the main window.
+#include "datafolder.h"
 #include "formfixture.h"
 #include "text/dates.h"
 
 using namespace hfc;
-using hfc::test::FormFixture;
+using namespace hfc::test;
 
 using WindowTest = FormFixture;
 
@@ -69,16 +70,8 @@ TEST_F(WindowTest, OwnCallIsUpperCasedAndStored) {
 
 TEST(Databases, CreatesMissingFilesOnceAndNeverOverwrites) {
     QTemporaryDir dir;
-    {
-        Databases db;
-        QString error;
-        ASSERT_TRUE(db.open(dir.path(), error));
-        db.contest.run("INSERT INTO tbllog (ccall, ps2) VALUES ('UA3ABC', 'cqww')");
-        EXPECT_EQ(db.contest.scalar("PRAGMA journal_mode"), "wal");
-    }
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(dir.path(), error));
+    OpenedData(dir.path()).contest.run("INSERT INTO tbllog (ccall, ps2) VALUES ('UA3ABC', 'cqww')");
+    OpenedData db(dir.path());
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 1);
     EXPECT_EQ(db.contest.count("SELECT * FROM tbltit"), 1);
     EXPECT_EQ(db.contest.scalar("SELECT totq FROM rezult"), "0");
@@ -87,9 +80,7 @@ TEST(Databases, CreatesMissingFilesOnceAndNeverOverwrites) {
 // Bad files and folders are in badfiles_test.cpp.
 TEST(Databases, CdateGivesTheSortKeyOfEveryDateAndOfTextThatIsNone) {
     QTemporaryDir dir;
-    Databases db;
-    QString error;
-    ASSERT_TRUE(db.open(dir.path(), error));
+    OpenedData db(dir.path());
     for (const char* d : {"01.01.03", "31.12.02", "05.02.99", "15.11.02"})
         db.contest.run("INSERT INTO tbllog (ccall, ddate) VALUES ('X', ?1)", {d});
     EXPECT_EQ(db.contest.column("SELECT ddate FROM tbllog ORDER BY cdate(ddate)"),
