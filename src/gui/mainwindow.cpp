@@ -246,14 +246,15 @@ QWidget* MainWindow::buildEntryLine() {
         const char* headingLabel;
         int width;
     };
-    // Widths that fit a 1024-pixel screen with the country and the QSO counter beside them.
-    const Col cols[] = {{"txtcall", "Позывной", nullptr, 130},
+    // Widths that fit a 1024-pixel screen with the country and the QSO counter beside them, and
+    // the call lists' column at the right edge.
+    const Col cols[] = {{"txtcall", "Позывной", nullptr, 118},
                         {"txtdate", "Дата", nullptr, 66},
                         {"txttime", "Время", nullptr, 62},
                         {"lblrsts", "Передан", nullptr, 40},
                         {"txtrsts", "", nullptr, 56},
                         {"lblrstr", "Принят", nullptr, 40},
-                        {"txtrstr", "", nullptr, 90},
+                        {"txtrstr", "", nullptr, 72},
                         {"txtmult", nullptr, "lbldxcc", 48},
                         {"txtmult2", nullptr, "lblzone", 48},
                         {"txtpoint", nullptr, "lblpoint", 36},
@@ -267,6 +268,11 @@ QWidget* MainWindow::buildEntryLine() {
                      0, c);
         QWidget* w = binder_->make(col.name);
         w->setMinimumWidth(col.width);
+        // A hidden box keeps its room: the row must not shift under the operator's eyes (nor
+        // squeeze the call lists) when "Повтор" comes and goes.
+        QSizePolicy keep = w->sizePolicy();
+        keep.setRetainSizeWhenHidden(true);
+        w->setSizePolicy(keep);
         g->addWidget(w, 1, c);
         ++c;
     }
@@ -274,7 +280,7 @@ QWidget* MainWindow::buildEntryLine() {
                           QStringLiteral("font-size: 14pt; font-weight: bold;"));
     g->addWidget(caption(QStringLiteral("Страна")), 0, c);
     auto* country = binder_->make("txtstran5");
-    country->setMinimumWidth(90);
+    country->setMinimumWidth(64);
     g->addWidget(country, 1, c);
     g->setColumnStretch(c, 1); // the country takes what room is left
     g->addWidget(caption(QStringLiteral("QSO")), 0, c + 1);
