@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
@@ -179,4 +180,26 @@ TEST(LoggingGui, DeleteOnALogGridRowAsksAndTheAnswerDecides) {
     EXPECT_FALSE(uid.isEmpty());
     EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM mqoutbox WHERE uid = ?1", {uid}), "1");
     EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM mqqso WHERE del = '1'"), "1");
+}
+
+// A click on a row of the partial list shows that station's earlier QSOs, not the first row's.
+TEST(LoggingGui, AClickOnThePartialListShowsThatCallsEarlierQsos) {
+    Window w;
+    w.ui.queueInput(QString("16"));
+    w.form->click("mnucqww");
+    w.form->cmbband_Click(3);
+    for (const char* call : {"DL1ABC", "DL1ABD"})
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
+                         {QString(call)});
+    w.win->findChild<QLineEdit*>("txtcall")->setFocus();
+    type("dl1ab");
+    QApplication::processEvents();
+    auto* list = w.win->findChild<QListWidget*>("DBList1");
+    ASSERT_EQ(list->count(), 2);
+    auto* earlier = w.win->findChild<QTableView*>("DBGrid1");
+    EXPECT_EQ(earlier->model()->index(0, 0).data().toString(), "DL1ABC");
+    const QRect row = list->visualItemRect(list->item(1));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
+    QApplication::processEvents();
+    EXPECT_EQ(earlier->model()->index(0, 0).data().toString(), "DL1ABD");
 }
