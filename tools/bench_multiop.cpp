@@ -12,6 +12,7 @@
 #include "data/schema.h"
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
+#include "log/logstore.h"
 #include "script/scriptedui.h"
 #include "station/multiop.h"
 #include "station/settings.h"
@@ -76,6 +77,7 @@ StationSettings settingsFor(const Broker& b, const QString& node) {
 struct Computer {
     QTemporaryDir dir;
     Db db;
+    std::unique_ptr<LogStore> log;
     std::unique_ptr<MultiOp> link;
     QList<qint64> rows;
     Computer(const Broker& b, const QString& node) {
@@ -84,7 +86,8 @@ struct Computer {
         db.exec("PRAGMA synchronous=FULL");
         for (const TableDef& t : databaseFiles()[0].tables)
             if (t.name == "tbllog") db.exec(createTableSql(t));
-        link = std::make_unique<MultiOp>(db, settingsFor(b, node));
+        log = std::make_unique<LogStore>(db);
+        link = std::make_unique<MultiOp>(*log, settingsFor(b, node));
         link->start();
     }
     QString digest() {

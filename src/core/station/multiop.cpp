@@ -1,6 +1,7 @@
 #include "station/multiop.h"
 
 #include "data/db.h"
+#include "log/logstore.h"
 #include "station/settings.h"
 
 #include <QDateTime>
@@ -41,8 +42,8 @@ QString MultiOp::settingsProblem(const StationSettings& s) {
     return {};
 }
 
-MultiOp::MultiOp(Db& log, const StationSettings& s, QObject* parent)
-    : QObject(parent), db_(log), logid_(s.logid), node_(s.node), user_(s.user),
+MultiOp::MultiOp(LogStore& log, const StationSettings& s, QObject* parent)
+    : QObject(parent), db_(log.db()), logid_(s.logid), node_(s.node), user_(s.user),
       password_(s.password), cafile_(s.cafile), store_(log, s.logid, s.node) {
     splitHostPort(s.broker, host_, port_);
     status_.node = node_;
@@ -439,7 +440,7 @@ void MultiOp::applyReceived() {
         qWarning("multiop: %s", e.what());
     }
     applying_ = false;
-    if (a.changed > 0)
+    if (a.changed() > 0)
         emit logChanged(a.bands);
     else
         emit bookkeepingWritten();

@@ -23,6 +23,7 @@ struct mosquitto_message;
 namespace hfc {
 
 class Db;
+class LogStore;
 struct StationSettings;
 
 class MultiOp : public QObject {
@@ -30,7 +31,7 @@ class MultiOp : public QObject {
   public:
     // Does nothing on the network until start(). The settings must name a broker, a logid and
     // a node (configured() says so).
-    MultiOp(Db& log, const StationSettings& s, QObject* parent = nullptr);
+    MultiOp(LogStore& log, const StationSettings& s, QObject* parent = nullptr);
     ~MultiOp() override;
     static bool configured(const StationSettings& s);
     // A reason in Russian why the settings cannot be used, or "" when they can.

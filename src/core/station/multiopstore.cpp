@@ -2,9 +2,11 @@
 
 #include "data/db.h"
 #include "data/schema.h"
+#include "log/logcolumns.h"
+#include "log/logstore.h"
 
+#include <QSet>
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace hfc {
 
@@ -12,41 +14,6 @@ using multiop::QsoEvent;
 using multiop::Stamp;
 
 namespace {
-
-const QString& selectRowSql() {
-    static const QString sql = QStringLiteral("SELECT ") + logColumns().join(QStringLiteral(", ")) +
-                               QStringLiteral(" FROM tbllog WHERE rowid = ?1");
-    return sql;
-}
-
-const QString& insertRowSql() {
-    static const QString sql = [] {
-        QStringList marks;
-        for (int i = 1; i <= logColumns().size(); ++i) marks << QStringLiteral("?%1").arg(i);
-        return QStringLiteral("INSERT INTO tbllog (") + logColumns().join(QStringLiteral(", ")) +
-               QStringLiteral(") VALUES (") + marks.join(QStringLiteral(", ")) +
-               QStringLiteral(")");
-    }();
-    return sql;
-}
-
-const QString& updateRowSql() {
-    static const QString sql = [] {
-        QStringList sets;
-        const QStringList& cols = logColumns();
-        for (int i = 0; i < cols.size(); ++i)
-            sets << QStringLiteral("%1 = ?%2").arg(cols[i]).arg(i + 1);
-        return QStringLiteral("UPDATE tbllog SET ") + sets.join(QStringLiteral(", ")) +
-               QStringLiteral(" WHERE rowid = ?%1").arg(cols.size() + 1);
-    }();
-    return sql;
-}
-
-QStringList rowValues(const QMap<QString, QString>& fields) {
-    QStringList v;
-    for (const QString& c : logColumns()) v << fields.value(c);
-    return v;
-}
 
 // A transaction that rolls back unless committed, so a failed statement leaves nothing half done.
 class Transaction {
@@ -67,8 +34,8 @@ class Transaction {
 
 } // namespace
 
-MultiOpStore::MultiOpStore(Db& db, const QString& logid, const QString& node)
-    : db_(db), logid_(logid), node_(node) {}
+MultiOpStore::MultiOpStore(LogStore& log, const QString& logid, const QString& node)
+    : log_(log), db_(log.db()), logid_(logid), node_(node) {}
 
 void MultiOpStore::open() {
     db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqqso (uid TEXT, qrowid TEXT, origin TEXT, "
@@ -92,20 +59,6 @@ void MultiOpStore::saveCounters() {
     const QString sql = QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES (?1, ?2)");
     db_.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
     db_.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
-}
-
-MultiOpStore::Row MultiOpStore::readRow(qint64 rowid) {
-    Row r;
-    Stmt& s = db_.prepared(selectRowSql(), {QString::number(rowid)});
-    if (s.step()) {
-        r.exists = true;
-        for (int i = 0; i < logColumns().size(); ++i) {
-            const QString v = s.text(i);
-            if (!v.isEmpty()) r.fields.insert(logColumns()[i], v);
-        }
-    }
-    s.reset();
-    return r;
 }
 
 QsoEvent MultiOpStore::stamped(const QString& uid, const QString& origin) {
@@ -137,38 +90,39 @@ void MultiOpStore::keep(const QsoEvent& e, const QString& qrowid) {
 
 int MultiOpStore::collectOne(qint64 rowid) {
     const QString qrowid = QString::number(rowid);
-    const Row row = readRow(rowid);
+    const std::optional<LogRow> row = log_.findRow(rowid);
     const Rows held =
         db_.query(QStringLiteral("SELECT uid, origin, payload FROM mqqso WHERE qrowid = ?1 AND "
                                  "del = '0'"),
                   {qrowid});
     if (held.empty()) {
-        if (!row.exists) return 0;
+        if (!row) return 0;
         QsoEvent e = stamped({}, node_);
         e.uid = node_ + QLatin1Char('-') + QString::number(e.seq);
-        e.fields = row.fields;
+        e.fields = logRowFields(*row);
         keep(e, qrowid);
         return 1;
     }
     const QString& uid = held[0][0];
     QsoEvent e = stamped(uid, held[0][1]);
-    if (!row.exists) {
+    if (!row) {
         e.deleted = true;
         keep(e, QString());
         return 1;
     }
     const auto before = multiop::decode(held[0][2].toUtf8(), logid_);
-    if (before && before->fields == row.fields) {
+    e.fields = logRowFields(*row);
+    if (before && before->fields == e.fields) {
         --seq_; // nothing changed: the stamp is not used
         --clock_;
         return 0;
     }
-    e.fields = row.fields;
     keep(e, qrowid);
     return 1;
 }
 
 int MultiOpStore::collect(const QList<qint64>& rowids) {
+    LogStore::KnownWrites known(log_); // bookkeeping only
     Transaction t(db_);
     int made = 0;
     for (qint64 id : rowids) made += collectOne(id);
@@ -178,22 +132,22 @@ int MultiOpStore::collect(const QList<qint64>& rowids) {
 }
 
 int MultiOpStore::collectAll() {
+    LogStore::KnownWrites known(log_); // bookkeeping only
     Transaction t(db_);
     int made = 0;
-    const QStringList rowids = db_.column(QStringLiteral("SELECT rowid FROM tbllog"));
-    if (rowids.isEmpty()) {
+    const std::vector<qint64> rowids = log_.allRowids();
+    if (rowids.empty()) {
         // An emptied log (cleared on this computer) is not a delete of the station's QSOs: the
         // bookkeeping goes, and the station's log comes back from the broker.
         db_.exec(QStringLiteral("DELETE FROM mqqso"));
         db_.exec(QStringLiteral("DELETE FROM mqoutbox"));
         stamps_.clear();
     }
-    for (const QString& id : rowids) made += collectOne(id.toLongLong());
+    for (qint64 id : rowids) made += collectOne(id);
     // Rows deleted while nobody was looking.
-    const QStringList gone = db_.column(
-        QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0' AND CAST(qrowid AS INTEGER) NOT "
-                       "IN (SELECT rowid FROM tbllog)"));
-    for (const QString& id : gone) made += collectOne(id.toLongLong());
+    const QSet<qint64> present(rowids.begin(), rowids.end());
+    for (const QString& id : db_.column(QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0'")))
+        if (!present.contains(id.toLongLong())) made += collectOne(id.toLongLong());
     if (made) saveCounters();
     t.commit();
     return made;
@@ -201,6 +155,7 @@ int MultiOpStore::collectAll() {
 
 MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
     Applied a;
+    LogStore::KnownWrites known(log_); // the log's own writes below name their rows
     Transaction t(db_);
     const qint64 clockBefore = clock_;
     for (const QsoEvent& e : events) {
@@ -225,27 +180,24 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
         QString qrowid =
             db_.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
         if (!qrowid.isEmpty()) {
-            const QString band =
-                db_.scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {qrowid});
-            if (!db_.exists(QStringLiteral("SELECT 1 FROM tbllog WHERE rowid = ?1"), {qrowid}))
-                qrowid.clear();
+            if (const std::optional<LogRow> held = log_.findRow(qrowid.toLongLong()))
+                a.bands << held->bband;
             else
-                a.bands << band;
+                qrowid.clear();
         }
         if (e.deleted) {
             if (!qrowid.isEmpty()) {
-                db_.prepared(QStringLiteral("DELETE FROM tbllog WHERE rowid = ?1"), {qrowid})
-                    .step();
-                ++a.changed;
+                log_.remove(qrowid.toLongLong());
+                a.rowids << qrowid.toLongLong();
             }
             qrowid.clear();
         } else if (!qrowid.isEmpty()) {
-            db_.prepared(updateRowSql(), rowValues(e.fields) << qrowid).step();
-            ++a.changed;
+            log_.update(qrowid.toLongLong(), logRowFromFields(e.fields));
+            a.rowids << qrowid.toLongLong();
         } else {
-            db_.prepared(insertRowSql(), rowValues(e.fields)).step();
-            qrowid = QString::number(sqlite3_last_insert_rowid(db_.handle()));
-            ++a.changed;
+            const qint64 id = log_.insert(logRowFromFields(e.fields));
+            qrowid = QString::number(id);
+            a.rowids << id;
         }
         if (!e.deleted) a.bands << e.fields.value(QStringLiteral("bband"));
         db_.prepared(
@@ -282,6 +234,7 @@ std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox(qint64 after, int limit
 
 void MultiOpStore::delivered(const QList<qint64>& ids) {
     // One transaction for a burst of acknowledgements: one wait for the disk, not one each.
+    LogStore::KnownWrites known(log_);
     Transaction t(db_);
     for (qint64 id : ids)
         db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
@@ -290,6 +243,7 @@ void MultiOpStore::delivered(const QList<qint64>& ids) {
 }
 
 void MultiOpStore::delivered(const std::vector<Outgoing>& sent) {
+    LogStore::KnownWrites known(log_);
     Transaction t(db_);
     for (const Outgoing& o : sent)
         db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1 AND payload = ?2"),
@@ -303,10 +257,12 @@ QString MultiOpStore::epoch() {
 }
 
 void MultiOpStore::setEpoch(const QString& epoch) {
+    LogStore::KnownWrites known(log_);
     db_.run(QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES ('epoch', ?1)"), {epoch});
 }
 
 int MultiOpStore::requeueAll() {
+    LogStore::KnownWrites known(log_);
     db_.exec(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) SELECT uid, payload "
                             "FROM mqqso"));
     return outboxSize();
@@ -314,11 +270,17 @@ int MultiOpStore::requeueAll() {
 
 QString MultiOpStore::noteClaim(qint64 block, const QString& node) {
     const QString blk = QString::number(block);
+    LogStore::KnownWrites known(log_);
     db_.run(QStringLiteral("INSERT OR IGNORE INTO mqblock (blk, node) VALUES (CAST(?1 AS INTEGER), "
                            "?2)"),
             {blk, node});
     return db_.scalar(QStringLiteral("SELECT node FROM mqblock WHERE blk = CAST(?1 AS INTEGER)"),
                       {blk});
+}
+
+QString MultiOpStore::originOf(qint64 rowid) {
+    return db_.scalar(QStringLiteral("SELECT origin FROM mqqso WHERE qrowid = ?1 AND del = '0'"),
+                      {QString::number(rowid)});
 }
 
 QList<qint64> MultiOpStore::blocksOf(const QString& node) {

@@ -400,6 +400,7 @@ class ContestForm : public Form {
     CallNeighbours neighbours_;
     qsizetype neighboursSeen_ = 0;
     int neighboursReads_ = -1;
+    int neighboursRemovals_ = -1;
     bool scpRead = false;
     CallHistory history;
     QString histfilled; // the exchange the history put into the box, while it is there
