@@ -174,7 +174,8 @@ TEST(MultiOpStore, AClearedLogIsNotADeleteOfTheStationsQsos) {
 }
 
 // The worked-call set the call box marks its lists with follows others' QSOs, edits and deletes
-// row by row; the link's bookkeeping writes around them do not make it read the contest anew.
+// row by row, whether written on its connection or on the link writer's; the link's bookkeeping
+// writes around them do not make it read the contest anew.
 TEST(MultiOpStore, OthersChangesReachTheWorkedCallsWithoutReadingTheContestAgain) {
     Node a("a"), b("b");
     b.log("SP9XX", "7");
@@ -224,9 +225,18 @@ TEST(MultiOpStore, OthersChangesReachTheWorkedCallsWithoutReadingTheContestAgain
     EXPECT_EQ(worked("OK1RR", "21"), Worked::No);
     EXPECT_EQ(w.fullReads(), reads);
 
-    // A write nobody announced (another program on the file) is still found: read anew.
+    // As the link's writer does it: a batch written on a second connection to the file, its
+    // commit named to this connection's readers beforehand.
     Db other;
     other.open(b.dir.path() + "/dbcontest.sqlite", false);
+    LogStore writer(other);
+    a.log("LY2X", "28");
+    a.store->collectAll();
+    EXPECT_EQ(b.store->apply(a.send(), &writer, &b.logStore->namedCommits()).changed(), 1);
+    EXPECT_EQ(worked("LY2X", "28"), Worked::OnBand);
+    EXPECT_EQ(w.fullReads(), reads);
+
+    // A write nobody announced (another program on the file) is still found: read anew.
     other.run("DELETE FROM tbllog WHERE ccall = 'SP9XX'");
     EXPECT_EQ(worked("SP9XX", "7"), Worked::No);
     EXPECT_EQ(w.fullReads(), reads + 1);

@@ -355,7 +355,7 @@ void LogStore::forgetTally() {
 
 WorkedCalls& LogStore::worked(const QString& contest) {
     if (!worked_) worked_ = std::make_unique<WorkedCalls>();
-    worked_->sync(db_, contest);
+    worked_->sync(db_, contest, &named_);
     return *worked_;
 }
 

@@ -5,6 +5,7 @@
 // on the log. Throws DbError as the connection does.
 #include "data/db.h"
 #include "log/logrow.h"
+#include "log/namedcommits.h"
 
 #include <QList>
 #include <QString>
@@ -122,6 +123,8 @@ class LogStore {
     LogTally& tally();
     void forgetTally(); // after the file behind the connection changed
     WorkedCalls& worked(const QString& contest);
+    // Where a writer on another connection to this file names its commits (see NamedCommits).
+    NamedCommits& namedCommits() { return named_; }
 
     // --- clearing and the QTC table ---
     bool hasRows();
@@ -174,6 +177,7 @@ class LogStore {
     QString lastSql_;
     std::unique_ptr<LogTally> tally_;
     std::unique_ptr<WorkedCalls> worked_;
+    NamedCommits named_;
     int knownDepth_ = 0; // KnownWrites open
     qint64 knownBefore_ = 0;
     QList<qint64> knownRows_;

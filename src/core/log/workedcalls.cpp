@@ -89,15 +89,18 @@ void WorkedCalls::announce(sqlite3* handle, qint64 before, qint64 after,
     }
 }
 
-void WorkedCalls::sync(Db& db, const QString& contest) {
+void WorkedCalls::sync(Db& db, const QString& contest, NamedCommits* elsewhere) {
     const Version now = versionOf(db);
     if (contest == contest_ && now == seen_) {
         announced_.clear();
         return;
     }
-    const bool sameLog = contest == contest_ && seen_.handle == now.handle &&
-                         seen_.data == now.data && !announcedLost_;
-    if (!sameLog || !syncKnown(db, now)) fullRead(db, contest);
+    // The file changed under us: explained only by commits named beforehand.
+    QList<qint64> named;
+    const bool dataKnown = seen_.data == now.data || (elsewhere && elsewhere->take(named));
+    const bool sameLog =
+        contest == contest_ && seen_.handle == now.handle && dataKnown && !announcedLost_;
+    if (!sameLog || !syncKnown(db, now, named)) fullRead(db, contest);
     announced_.clear();
     announcedLost_ = false;
     seen_ = now;
@@ -105,9 +108,9 @@ void WorkedCalls::sync(Db& db, const QString& contest) {
 
 // The changes since the last look, when each one is accounted for: the announced writes, and
 // the rest one new row each (QSOs of our own). False when they are not: the caller reads anew.
-bool WorkedCalls::syncKnown(Db& db, const Version& now) {
+bool WorkedCalls::syncKnown(Db& db, const Version& now, const QList<qint64>& elsewhere) {
     qint64 known = 0;
-    QSet<qint64> touched;
+    QSet<qint64> touched(elsewhere.begin(), elsewhere.end());
     for (const Announced& a : announced_) {
         if (a.handle != now.handle || a.before < seen_.changes || a.after > now.changes)
             return false;

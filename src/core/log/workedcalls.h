@@ -3,6 +3,7 @@
 // the check "worked in this contest / on this band" that the lists beside the call box (and any
 // other list of calls) mark their entries with, without a query per entry.
 #include "data/db.h"
+#include "log/namedcommits.h"
 
 #include <QHash>
 #include <QList>
@@ -29,10 +30,11 @@ class WorkedCalls {
     Worked check(const QString& call, const QString& band) const;
     const QStringList& calls() const { return order_; } // each call once, in log order
 
-    // Brings the set in step with tbllog for contest: rows written with announce() and new rows
-    // of our own are read one by one; any other change (an edit nobody announced, a clearing,
-    // another program's write) reads the contest anew.
-    void sync(Db& db, const QString& contest);
+    // Brings the set in step with tbllog for contest: rows written with announce(), rows of the
+    // commits named in elsewhere (made on another connection) and new rows of our own are read
+    // one by one; any other change (an edit nobody announced, a clearing, another program's
+    // write) reads the contest anew.
+    void sync(Db& db, const QString& contest, NamedCommits* elsewhere = nullptr);
     // A write on the connection that said which tbllog rows it inserted, changed or deleted
     // (none, for the shared log's bookkeeping); before and after are the connection's
     // sqlite3_total_changes64 around it. Those rows are read again at the next sync, and the
@@ -57,7 +59,7 @@ class WorkedCalls {
         QList<qint64> rowids;
     };
     static Version versionOf(Db& db);
-    bool syncKnown(Db& db, const Version& now);
+    bool syncKnown(Db& db, const Version& now, const QList<qint64>& elsewhere);
     void fullRead(Db& db, const QString& contest);
     void remove(const QString& call, const QString& band);
     void setRow(qint64 rowid, const QString& call, const QString& band);

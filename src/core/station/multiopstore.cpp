@@ -4,6 +4,7 @@
 #include "data/schema.h"
 #include "log/logcolumns.h"
 #include "log/logstore.h"
+#include "log/namedcommits.h"
 
 #include <QSet>
 #include <algorithm>
@@ -16,9 +17,12 @@ using multiop::Stamp;
 namespace {
 
 // A transaction that rolls back unless committed, so a failed statement leaves nothing half done.
+// It takes the write lock at once (waiting its turn): with others' events written on a second
+// connection, a transaction that read before it wrote would otherwise fail when the other one
+// committed in between.
 class Transaction {
   public:
-    explicit Transaction(Db& db) : db_(db) { db_.begin(); }
+    explicit Transaction(Db& db) : db_(db) { db_.exec(QStringLiteral("BEGIN IMMEDIATE")); }
     ~Transaction() {
         if (!done_) db_.rollback();
     }
@@ -55,10 +59,10 @@ void MultiOpStore::open() {
         stamps_.insert(r[0], Stamp{r[1].toLongLong(), r[2]});
 }
 
-void MultiOpStore::saveCounters() {
+void MultiOpStore::saveCounters(Db& db) {
     const QString sql = QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES (?1, ?2)");
-    db_.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
-    db_.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
+    db.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
+    db.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
 }
 
 QsoEvent MultiOpStore::stamped(const QString& uid, const QString& origin) {
@@ -126,7 +130,7 @@ int MultiOpStore::collect(const QList<qint64>& rowids) {
     Transaction t(db_);
     int made = 0;
     for (qint64 id : rowids) made += collectOne(id);
-    if (made) saveCounters();
+    if (made) saveCounters(db_);
     t.commit();
     return made;
 }
@@ -148,15 +152,25 @@ int MultiOpStore::collectAll() {
     const QSet<qint64> present(rowids.begin(), rowids.end());
     for (const QString& id : db_.column(QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0'")))
         if (!present.contains(id.toLongLong())) made += collectOne(id.toLongLong());
-    if (made) saveCounters();
+    if (made) saveCounters(db_);
     t.commit();
     return made;
 }
 
-MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
+MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events, LogStore* on,
+                                          NamedCommits* named) {
     Applied a;
-    LogStore::KnownWrites known(log_); // the log's own writes below name their rows
-    Transaction t(db_);
+    LogStore& log = on ? *on : log_;
+    Db& db = log.db();
+    LogStore::KnownWrites known(log); // the log's own writes below name their rows
+    // Destroyed after the transaction's end, committed or not.
+    struct Naming {
+        NamedCommits* named = nullptr;
+        ~Naming() {
+            if (named) named->done();
+        }
+    } naming;
+    Transaction t(db);
     const qint64 clockBefore = clock_;
     for (const QsoEvent& e : events) {
         if (e.logid != logid_) continue;
@@ -165,11 +179,11 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
             if (multiop::newer(held, e.stamp)) {
                 // Put what we hold back on the broker's retained topic.
                 const QString payload =
-                    db_.scalar(QStringLiteral("SELECT payload FROM mqqso WHERE uid = ?1"), {e.uid});
+                    db.scalar(QStringLiteral("SELECT payload FROM mqqso WHERE uid = ?1"), {e.uid});
                 if (!payload.isEmpty()) {
-                    db_.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) "
-                                                "VALUES (?1, ?2)"),
-                                 {e.uid, payload})
+                    db.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) "
+                                               "VALUES (?1, ?2)"),
+                                {e.uid, payload})
                         .step();
                     ++a.answered;
                 }
@@ -178,40 +192,43 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
         }
         clock_ = std::max(clock_, e.stamp.ver);
         QString qrowid =
-            db_.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
+            db.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
         if (!qrowid.isEmpty()) {
-            if (const std::optional<LogRow> held = log_.findRow(qrowid.toLongLong()))
+            if (const std::optional<LogRow> held = log.findRow(qrowid.toLongLong()))
                 a.bands << held->bband;
             else
                 qrowid.clear();
         }
         if (e.deleted) {
             if (!qrowid.isEmpty()) {
-                log_.remove(qrowid.toLongLong());
+                log.remove(qrowid.toLongLong());
                 a.rowids << qrowid.toLongLong();
             }
             qrowid.clear();
         } else if (!qrowid.isEmpty()) {
-            log_.update(qrowid.toLongLong(), logRowFromFields(e.fields));
+            log.update(qrowid.toLongLong(), logRowFromFields(e.fields));
             a.rowids << qrowid.toLongLong();
         } else {
-            const qint64 id = log_.insert(logRowFromFields(e.fields));
+            const qint64 id = log.insert(logRowFromFields(e.fields));
             qrowid = QString::number(id);
             a.rowids << id;
         }
         if (!e.deleted) a.bands << e.fields.value(QStringLiteral("bband"));
-        db_.prepared(
-               QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
-                              "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
-               {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
-                e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
-                QString::fromUtf8(multiop::encode(e))})
+        db.prepared(QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
+                                   "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
+                    {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
+                     e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
+                     QString::fromUtf8(multiop::encode(e))})
             .step();
         // A change of ours that lost to this one must not reach the broker after it.
-        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
+        db.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
         stamps_.insert(e.uid, e.stamp);
     }
-    if (clock_ != clockBefore) saveCounters();
+    if (clock_ != clockBefore) saveCounters(db);
+    if (named) {
+        named->naming(a.rowids);
+        naming.named = named;
+    }
     t.commit();
     a.bands.removeDuplicates();
     return a;

@@ -14,6 +14,7 @@ namespace hfc {
 
 class Db;
 class LogStore;
+class NamedCommits;
 
 class MultiOpStore {
   public:
@@ -40,7 +41,10 @@ class MultiOpStore {
         int answered = 0;     // older events answered with the newer state
         int changed() const { return int(rowids.size()); }
     };
-    Applied apply(const std::vector<multiop::QsoEvent>& events);
+    // on: another connection to the same file (the link's writer on its own thread; nothing
+    // else may use this store meanwhile), whose commit is named in named before it is made.
+    Applied apply(const std::vector<multiop::QsoEvent>& events, LogStore* on = nullptr,
+                  NamedCommits* named = nullptr);
 
     struct Outgoing {
         qint64 id = 0; // rowid in mqoutbox
@@ -80,7 +84,7 @@ class MultiOpStore {
   private:
     int collectOne(qint64 rowid);
     void keep(const multiop::QsoEvent& e, const QString& qrowid);
-    void saveCounters();
+    void saveCounters(Db& db);
     multiop::QsoEvent stamped(const QString& uid, const QString& origin);
 
     LogStore& log_;
