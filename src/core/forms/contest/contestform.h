@@ -356,6 +356,9 @@ class ContestForm : public Form {
 
     // station.cpp
     void startMultiOp(); // when the settings name a broker
+    // The link keeps a connection of its own to the log file and its hook on the window's: it
+    // lets go of the file while the file is replaced. True when it was running.
+    bool stopMultiOp();
     MultiOp* multiop() { return multiop_.get(); }
     void sharedLogChanged(const QStringList& bands);
     void showSharedLogChange();

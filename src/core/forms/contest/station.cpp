@@ -43,11 +43,19 @@ void ContestForm::startMultiOp() {
         stationRefresh();
     });
     QStringList cols = DBGrid3->columns();
-    cols << QStringLiteral("Компьютер");
-    DBGrid3->setColumns(cols);
+    if (!cols.contains(QStringLiteral("Компьютер"))) { // started again after a restore
+        cols << QStringLiteral("Компьютер");
+        DBGrid3->setColumns(cols);
+    }
     multiop_->start();
     frstation->setVisible(true);
     stationRefresh();
+}
+
+bool ContestForm::stopMultiOp() {
+    const bool running = multiop_ != nullptr;
+    multiop_.reset();
+    return running;
 }
 
 void ContestForm::sharedLogChanged(const QStringList& bands) {
