@@ -13,15 +13,17 @@ class NamedCommits {
   public:
     void naming(const QList<qint64>& rowids); // before COMMIT: the tbllog rows it changes
     void done();                              // after that COMMIT or its ROLLBACK
-    // The rows named since the last take; false when no commit was named meanwhile. While a
-    // named commit may still land, its rows are handed out again at the next take.
+    // The rows named since the last take; false when no commit was named meanwhile, or when
+    // too many rows were named while nobody took them (the reader reads anew). While a named
+    // commit may still land, its rows are handed out again at the next take.
     bool take(QList<qint64>& rowids);
 
   private:
     QMutex mutex_;
     QList<qint64> rows_;
-    int named_ = 0; // since the last take
-    int open_ = 0;  // named and not done
+    int named_ = 0;     // since the last take
+    int open_ = 0;      // named and not done
+    bool lost_ = false; // rows dropped while nobody took them
 };
 
 } // namespace hfc

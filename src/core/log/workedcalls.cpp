@@ -13,6 +13,8 @@ namespace {
 // in); past that the next look reads the contest anew.
 constexpr qsizetype kAnnouncedRows = 50000;
 constexpr size_t kAnnouncedWrites = 1000;
+// Past this many changed rows one read of the contest costs less than reading them one by one.
+constexpr qsizetype kRowsOneByOne = 2000;
 } // namespace
 
 void WorkedCalls::clear() {
@@ -118,7 +120,7 @@ bool WorkedCalls::syncKnown(Db& db, const Version& now, const QList<qint64>& els
         for (qint64 id : a.rowids) touched.insert(id);
     }
     const qint64 unknown = now.changes - seen_.changes - known;
-    if (unknown < 0) return false;
+    if (unknown < 0 || touched.size() + unknown > kRowsOneByOne) return false;
     Rows fresh;
     if (unknown > 0) {
         fresh = db.query(QStringLiteral("SELECT rowid, ccall, bband, ps2 FROM tbllog "
