@@ -1,10 +1,19 @@
 // Restoring the log from a backup, from the "Сервис" menu and from `hfcontest restore`: the
 // backup is checked, the current log saved first, and a -wal left by a crash is not replayed
 // onto the restored log.
+#include "../support/freeport.h"
 #include "data/backup.h"
 #include "data/restore.h"
 #include "datafolder.h"
 #include "formfixture.h"
+#include "station/multiop.h"
+#include "station/settings.h"
+#include "testfiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace hfc;
 using namespace hfc::test;
@@ -79,6 +88,36 @@ TEST_F(RestoreTest, TheMenuPutsTheBackupInPlaceAndSavesTheLogFirst) {
     before.open(backupFolder() + '/' + saved[1], false);
     EXPECT_EQ(calls(before), QStringList({"DL1AA", "DL2BB", "F5CC"}));
     EXPECT_EQ(form->DBGrid3->rowCount(), 2u);
+}
+
+// With the shared log on, the link (a connection of its own to the file and a hook on the
+// window's) lets go of the log while it is replaced and takes up the restored one: a QSO logged
+// afterwards is made an event of. No broker is needed for that.
+TEST_F(RestoreTest, TheSharedLogFollowsTheRestoredLog) {
+    StationSettings settings;
+    settings.broker = QStringLiteral("127.0.0.1:%1").arg(hfc::test::freePort());
+    settings.logid = "test";
+    settings.node = "run";
+    Env env;
+    env.db = &db;
+    env.ui = &ui;
+    env.clock = &clock;
+    env.settings = &settings;
+    form = std::make_unique<ContestForm>(env);
+    form->Form_Load();
+    ASSERT_NE(form->multiop(), nullptr);
+    const QString backup = backupOf({"DL1AA"});
+    form->multiop()->flushLocal(); // nothing of the old log left to take up
+    ui.queueFile(backup);
+    ui.queueAnswer(Ui::Answer::Yes);
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->call("mnurestore_Click", {});
+    ASSERT_NE(form->multiop(), nullptr);
+    EXPECT_EQ(form->DBGrid3->columns().count("Компьютер"), 1);
+    const int pending = form->multiop()->pending();
+    logCalls(db.contest, {"F5CC"});
+    form->multiop()->flushLocal();
+    EXPECT_EQ(form->multiop()->pending(), pending + 1);
 }
 
 TEST_F(RestoreTest, NoAnswerOrABadFileLeavesTheLogAsItIs) {

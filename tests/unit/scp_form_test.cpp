@@ -2,6 +2,8 @@
 // the marks of worked calls, taking a call from a list, the exchange and name from the history,
 // and the history written from the log.
 #include "entryfixture.h"
+#include "log/workedcalls.h"
+#include "station/multiopstore.h"
 #include "testfiles.h"
 
 #include <QDir>
@@ -67,6 +69,37 @@ TEST_F(ScpFormTest, WorkedCallsFollowEditsAndClearingsOfTheLog) {
     db.contest.run("DELETE FROM tbllog");
     EXPECT_EQ(form->workedCalls().check("DL1AB", "7"), hfc::Worked::No);
     EXPECT_TRUE(form->workedCalls().calls().isEmpty());
+}
+
+// Another computer's QSOs, applied by the shared log's link, join the one-off list and the
+// marks, and its delete takes the call out again, without the worked calls being read anew.
+TEST_F(ScpFormTest, AnotherComputersQsosJoinTheListsWithoutReadingTheLogAgain) {
+    addRow("DL1AF", "14", form->contestcode);
+    typeCall("DL1AE");
+    const int reads = form->workedCalls().fullReads();
+    hfc::MultiOpStore link(form->store(), "test", "run");
+    link.open();
+    hfc::multiop::QsoEvent e;
+    e.logid = "test";
+    e.uid = "mult-1";
+    e.origin = "mult";
+    e.seq = 1;
+    e.stamp = {1, "mult"};
+    e.fields = {{"ccall", "DL1AG"}, {"bband", "7"}, {"ps2", form->contestcode}};
+    link.apply({e});
+    typeCall("DL1AE");
+    EXPECT_EQ(items("lstnp1"), QStringList({"DL1AB", "DL1AC", "DL1AF", "DL1AG"}));
+    EXPECT_EQ(form->workedCalls().check("DL1AG", "7"), hfc::Worked::OnBand);
+
+    e.deleted = true;
+    e.fields.clear();
+    e.seq = 2;
+    e.stamp = {2, "mult"};
+    link.apply({e});
+    typeCall("DL1AE");
+    EXPECT_EQ(items("lstnp1"), QStringList({"DL1AB", "DL1AC", "DL1AF"}));
+    EXPECT_EQ(form->workedCalls().check("DL1AG", "7"), hfc::Worked::No);
+    EXPECT_EQ(form->workedCalls().fullReads(), reads);
 }
 
 TEST_F(ScpFormTest, AltArrowsWalkBothListsAndCtrlEnterTakesTheCall) {

@@ -54,6 +54,19 @@ LogRow logRowFrom(const Stmt& st, int first) {
     return r;
 }
 
+LogRow logRowFromFields(const QMap<QString, QString>& fields) {
+    LogRow r;
+    for (const LogColumn& c : logRowColumns()) r.*c.field = fields.value(c.name);
+    return r;
+}
+
+QMap<QString, QString> logRowFields(const LogRow& r) {
+    QMap<QString, QString> out;
+    for (const LogColumn& c : logRowColumns())
+        if (!(r.*c.field).isEmpty()) out.insert(c.name, r.*c.field);
+    return out;
+}
+
 QStringList logRowValues(const LogRow& r) {
     QStringList v;
     for (const LogColumn& c : logRowColumns()) v << r.*c.field;

@@ -4,6 +4,7 @@
 // never land in another column's field.
 #include "log/logrow.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -31,6 +32,11 @@ const QString& logSelectList();
 LogRow logRowFrom(const Stmt& st, int first = 0);
 // The row's values in table order, for an INSERT of every column.
 QStringList logRowValues(const LogRow& r);
+// A row from values by column name (the shared log's events carry rows so): other names are
+// left out, columns not named are empty.
+LogRow logRowFromFields(const QMap<QString, QString>& fields);
+// The row's non-empty columns by name.
+QMap<QString, QString> logRowFields(const LogRow& r);
 // The log grid's columns, in its order.
 const QStringList& logGridColumns();
 // The headings of the named columns, in the order given.

@@ -43,6 +43,21 @@ const QString& sheetTable(LogStore::Sheet t) {
 LogStore::LogStore(Db& db) : db_(db) {}
 LogStore::~LogStore() = default;
 
+LogStore::KnownWrites::KnownWrites(LogStore& s) : s_(s) {
+    if (s_.knownDepth_++ > 0) return;
+    s_.knownBefore_ = sqlite3_total_changes64(s_.db_.handle());
+    s_.knownRows_.clear();
+}
+
+LogStore::KnownWrites::~KnownWrites() {
+    if (--s_.knownDepth_ > 0) return;
+    // Without a worked-call set yet there is nobody to tell: its first look reads the contest.
+    if (s_.worked_)
+        s_.worked_->announce(s_.db_.handle(), s_.knownBefore_,
+                             sqlite3_total_changes64(s_.db_.handle()), s_.knownRows_);
+    s_.knownRows_.clear();
+}
+
 // --- rows ---
 
 qint64 LogStore::insert(const LogRow& r) {
@@ -52,8 +67,11 @@ qint64 LogStore::insert(const LogRow& r) {
         return QStringLiteral("INSERT INTO tbllog (") + logSelectList() +
                QStringLiteral(") VALUES (") + marks.join(QStringLiteral(", ")) + QLatin1Char(')');
     }();
+    KnownWrites known(*this);
     db_.run(sql, logRowValues(r));
-    return sqlite3_last_insert_rowid(db_.handle());
+    const qint64 rowid = sqlite3_last_insert_rowid(db_.handle());
+    known.touched(rowid);
+    return rowid;
 }
 
 void LogStore::update(qint64 rowid, const LogRow& r) {
@@ -65,18 +83,26 @@ void LogStore::update(qint64 rowid, const LogRow& r) {
         return QStringLiteral("UPDATE tbllog SET ") + sets.join(QStringLiteral(", ")) +
                QStringLiteral(" WHERE rowid = ?%1").arg(i + 1);
     }();
+    KnownWrites known(*this);
+    known.touched(rowid);
     db_.run(sql, logRowValues(r) << id(rowid));
 }
 
 void LogStore::remove(qint64 rowid) {
+    KnownWrites known(*this);
+    known.touched(rowid);
     db_.run(QStringLiteral("DELETE FROM tbllog WHERE rowid = ?1"), {id(rowid)});
 }
 
 LogRow LogStore::row(qint64 rowid) {
+    return findRow(rowid).value_or(LogRow{});
+}
+
+std::optional<LogRow> LogStore::findRow(qint64 rowid) {
     static const QString sql = QStringLiteral("SELECT ") + logSelectList() +
                                QStringLiteral(" FROM tbllog WHERE rowid = ?1");
     Stmt& s = db_.prepared(sql, {id(rowid)});
-    LogRow r;
+    std::optional<LogRow> r;
     if (s.step()) r = logRowFrom(s);
     s.reset();
     return r;
@@ -90,6 +116,8 @@ void LogStore::setField(qint64 rowid, const QString& column, const QString& valu
     // The column's name comes from the fixed list, never from the caller's text.
     const LogColumn* c = logColumnNamed(column);
     if (!c) return;
+    KnownWrites known(*this);
+    known.touched(rowid);
     db_.run(QStringLiteral("UPDATE tbllog SET %1 = ?1 WHERE rowid = ?2").arg(c->name),
             {value, id(rowid)});
 }
@@ -108,6 +136,14 @@ std::vector<qint64> LogStore::rowids(const QString& contest) {
     std::vector<qint64> out;
     Stmt& s = db_.prepared(QStringLiteral("SELECT rowid FROM tbllog WHERE ps2 = ?1 ORDER BY rowid"),
                            {contest});
+    while (s.step()) out.push_back(s.text(0).toLongLong());
+    s.reset();
+    return out;
+}
+
+std::vector<qint64> LogStore::allRowids() {
+    std::vector<qint64> out;
+    Stmt& s = db_.prepared(QStringLiteral("SELECT rowid FROM tbllog ORDER BY rowid"));
     while (s.step()) out.push_back(s.text(0).toLongLong());
     s.reset();
     return out;
@@ -319,7 +355,7 @@ void LogStore::forgetTally() {
 
 WorkedCalls& LogStore::worked(const QString& contest) {
     if (!worked_) worked_ = std::make_unique<WorkedCalls>();
-    worked_->sync(db_, contest);
+    worked_->sync(db_, contest, &named_);
     return *worked_;
 }
 

@@ -5,6 +5,7 @@
 // on the log. Throws DbError as the connection does.
 #include "data/db.h"
 #include "log/logrow.h"
+#include "log/namedcommits.h"
 
 #include <QList>
 #include <QString>
@@ -31,18 +32,36 @@ class LogStore {
     // The statement the last multiplier question ran (the scripts show it as lastsql).
     const QString& lastSql() const { return lastSql_; }
 
+    // Writes that say which rows of tbllog they change, from construction to destruction:
+    // every change made meanwhile on the connection is to a row named with touched() or
+    // outside tbllog (the shared log's bookkeeping). The worked calls then read just those
+    // rows instead of the whole contest. May nest; the by-rowid writes below name their rows.
+    class KnownWrites {
+      public:
+        explicit KnownWrites(LogStore& s);
+        ~KnownWrites();
+        KnownWrites(const KnownWrites&) = delete;
+        KnownWrites& operator=(const KnownWrites&) = delete;
+        void touched(qint64 rowid) { s_.knownRows_ << rowid; }
+
+      private:
+        LogStore& s_;
+    };
+
     // --- rows ---
     // The new row's rowid. Every column is written; the row is on disk when this returns.
     qint64 insert(const LogRow& r);
     void update(qint64 rowid, const LogRow& r); // every column of one row
     void remove(qint64 rowid);
-    LogRow row(qint64 rowid); // an empty row when there is none
+    LogRow row(qint64 rowid);                    // an empty row when there is none
+    std::optional<LogRow> findRow(qint64 rowid); // none when there is no such row
     QString bandOf(qint64 rowid);
     // One column of one row; column must be one of the log's columns (else nothing happens).
     void setField(qint64 rowid, const QString& column, const QString& value);
     // The named columns of one row, in the order named; empty when the row is gone.
     QStringList fields(qint64 rowid, const QStringList& columns);
     std::vector<qint64> rowids(const QString& contest); // entry order
+    std::vector<qint64> allRowids();                    // every contest's, in entry order
 
     // --- the entry line ---
     // Which calls the partial list under the call box shows.
@@ -104,6 +123,8 @@ class LogStore {
     LogTally& tally();
     void forgetTally(); // after the file behind the connection changed
     WorkedCalls& worked(const QString& contest);
+    // Where a writer on another connection to this file names its commits (see NamedCommits).
+    NamedCommits& namedCommits() { return named_; }
 
     // --- clearing and the QTC table ---
     bool hasRows();
@@ -156,6 +177,10 @@ class LogStore {
     QString lastSql_;
     std::unique_ptr<LogTally> tally_;
     std::unique_ptr<WorkedCalls> worked_;
+    NamedCommits named_;
+    int knownDepth_ = 0; // KnownWrites open
+    qint64 knownBefore_ = 0;
+    QList<qint64> knownRows_;
 };
 
 } // namespace hfc

@@ -51,7 +51,7 @@ bool LogTally::acceptOwnWrite() {
 void LogTally::ownWrites(const QStringList& bands) {
     if (!valid_) return;
     const Version now = version();
-    if (now.handle != seen_.handle || now.data != seen_.data) {
+    if (now.handle != seen_.handle) {
         valid_ = false;
         return;
     }

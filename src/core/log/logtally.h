@@ -37,8 +37,9 @@ class LogTally {
     // whose band was, or now is, one of bands. Anything else in between makes it count anew.
     void inserted(qint64 rowid);
     void touched(const QStringList& bands);
-    // Any number of writes on our connection since the last look, none of them touching a row
-    // of the log outside bands (the shared-log link's bookkeeping and others' QSOs).
+    // Any number of writes since the last look, none of them touching a row of the log outside
+    // bands: the shared-log link's bookkeeping on our connection and others' QSOs, which its
+    // writer commits on a connection of its own (so the file's change is taken as theirs).
     void ownWrites(const QStringList& bands);
 
     // Full recounts so far: lets tests see that a known write did not need one.

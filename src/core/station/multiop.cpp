@@ -1,6 +1,7 @@
 #include "station/multiop.h"
 
 #include "data/db.h"
+#include "log/logstore.h"
 #include "station/settings.h"
 
 #include <QDateTime>
@@ -25,6 +26,13 @@ constexpr int kKeepAlive = 10; // seconds: a dead computer shows offline soon
 constexpr int kWindow = 200;
 } // namespace
 
+// The writer of others' events: its own connection to the log file, used only on its thread.
+class MultiOp::Writer : public QObject {
+  public:
+    Db db;
+    std::unique_ptr<LogStore> log;
+};
+
 bool MultiOp::configured(const StationSettings& s) {
     return !s.broker.isEmpty();
 }
@@ -41,8 +49,8 @@ QString MultiOp::settingsProblem(const StationSettings& s) {
     return {};
 }
 
-MultiOp::MultiOp(Db& log, const StationSettings& s, QObject* parent)
-    : QObject(parent), db_(log), logid_(s.logid), node_(s.node), user_(s.user),
+MultiOp::MultiOp(LogStore& log, const StationSettings& s, QObject* parent)
+    : QObject(parent), db_(log.db()), log_(log), logid_(s.logid), node_(s.node), user_(s.user),
       password_(s.password), cafile_(s.cafile), store_(log, s.logid, s.node) {
     splitHostPort(s.broker, host_, port_);
     status_.node = node_;
@@ -62,6 +70,12 @@ MultiOp::~MultiOp() {
         if (loopRunning_) mosquitto_loop_stop(mosq_, false);
         mosquitto_destroy(mosq_);
     }
+    if (writer_) {
+        // A batch being written is finished first; one not begun comes again from the broker.
+        writerThread_.quit();
+        writerThread_.wait();
+        delete writer_;
+    }
 }
 
 void MultiOp::start() {
@@ -69,6 +83,7 @@ void MultiOp::start() {
     // Changes made while the program was not running, or cut off by a crash, go out first.
     store_.collectAll();
     sqlite3_update_hook(db_.handle(), &MultiOp::onUpdate, this);
+    startWriter();
 
     static std::once_flag init;
     std::call_once(init, [] { mosquitto_lib_init(); });
@@ -99,6 +114,41 @@ void MultiOp::start() {
     mosquitto_will_set(mosq_, willTopic.constData(), int(will.size()), will.constData(), kQos,
                        true);
     tryConnect();
+}
+
+// Opens the writer's connection on its thread. Without one (a log that is no file, or one
+// that cannot be opened twice) others' events are written on this thread as before.
+void MultiOp::startWriter() {
+    const char* file = sqlite3_db_filename(db_.handle(), "main");
+    if (!file || !*file) return;
+    const QString path = QString::fromUtf8(file);
+    // The same durability as the window's own writes.
+    const QString sync = db_.scalar(QStringLiteral("PRAGMA synchronous"));
+    auto* w = new Writer;
+    w->moveToThread(&writerThread_);
+    writerThread_.setObjectName(QStringLiteral("multiop-writer"));
+    writerThread_.start();
+    bool ok = false;
+    QMetaObject::invokeMethod(
+        w,
+        [w, path, sync, &ok] {
+            try {
+                w->db.open(path, false);
+                w->db.exec(QStringLiteral("PRAGMA synchronous=%1").arg(sync.toInt()));
+                w->log = std::make_unique<LogStore>(w->db);
+                ok = true;
+            } catch (const DbError& e) {
+                qWarning("multiop: the writer's connection: %s", e.what());
+            }
+        },
+        Qt::BlockingQueuedConnection);
+    if (ok) {
+        writer_ = w;
+        return;
+    }
+    writerThread_.quit();
+    writerThread_.wait();
+    delete w;
 }
 
 // A broker that is not there yet is no error: the log works alone and the first connection is
@@ -195,6 +245,10 @@ void MultiOp::onUpdate(void* self, int, const char* dbName, const char* table, l
 // ------------------------------------------------------------------ this object's thread
 
 void MultiOp::flushLocal() {
+    if (applyInFlight_) {
+        collectQueued_ = true; // taken up when the writer is done
+        return;
+    }
     collectQueued_ = false;
     if (touched_.isEmpty()) return;
     // A write still inside an open transaction is taken at the next turn.
@@ -218,6 +272,7 @@ void MultiOp::flushLocal() {
 }
 
 void MultiOp::ackedNow() {
+    if (applyInFlight_) return; // ackQueued_ stays: taken up when the writer is done
     ackQueued_ = false;
     if (acked_.empty() || !sqlite3_get_autocommit(db_.handle())) {
         if (!acked_.empty()) QTimer::singleShot(10, this, [this] { ackedNow(); });
@@ -295,6 +350,11 @@ void MultiOp::disconnectedNow() {
 // for the next. Only the window's worth of the oldest entries is read, not the whole outbox.
 void MultiOp::sendOutbox() {
     if (!connected_) return;
+    // The writer may be dropping a change of ours that lost: it must not go out now.
+    if (applyInFlight_) {
+        sendPending_ = true;
+        return;
+    }
     const int room = kWindow - int(inflight_.size());
     if (room <= 0) return;
     for (const MultiOpStore::Outgoing& o : store_.outbox(0, int(inflightIds_.size()) + room)) {
@@ -421,7 +481,7 @@ void MultiOp::received(const QString& topic, const QByteArray& payload) {
 
 void MultiOp::applyReceived() {
     applyQueued_ = false;
-    if (inbox_.empty()) return;
+    if (inbox_.empty() || applyInFlight_) return; // in flight: the rest follows when it is done
     // Our own pending changes first: they must be stamped before others' versions are counted.
     flushLocal();
     if (!sqlite3_get_autocommit(db_.handle())) {
@@ -430,20 +490,51 @@ void MultiOp::applyReceived() {
         return;
     }
     std::vector<multiop::QsoEvent> batch = std::exchange(inbox_, {});
-    MultiOpStore::Applied a;
-    applying_ = true;
-    try {
-        a = store_.apply(batch);
-    } catch (const DbError& e) {
-        // The retained copies come again at the next connection.
-        qWarning("multiop: %s", e.what());
+    if (!writer_) {
+        MultiOpStore::Applied a;
+        applying_ = true;
+        try {
+            a = store_.apply(batch);
+        } catch (const DbError& e) {
+            // The retained copies come again at the next connection.
+            qWarning("multiop: %s", e.what());
+        }
+        applying_ = false;
+        appliedNow(a);
+        return;
     }
-    applying_ = false;
-    if (a.changed > 0)
+    // The writer names its commit to this log's readers before it makes it, so the worked calls
+    // read just the rows it changed.
+    applyInFlight_ = true;
+    QMetaObject::invokeMethod(
+        writer_,
+        [this, w = writer_, batch = std::move(batch)] {
+            MultiOpStore::Applied a;
+            try {
+                a = store_.apply(batch, w->log.get(), &log_.namedCommits());
+            } catch (const DbError& e) {
+                qWarning("multiop: %s", e.what());
+            }
+            QMetaObject::invokeMethod(
+                this, [this, a] { appliedNow(a); }, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+}
+
+void MultiOp::appliedNow(const MultiOpStore::Applied& a) {
+    applyInFlight_ = false;
+    if (a.changed() > 0)
         emit logChanged(a.bands);
     else
         emit bookkeepingWritten();
-    if (a.answered > 0) sendOutbox();
+    if (collectQueued_) flushLocal();
+    if (ackQueued_) ackedNow();
+    if (a.answered > 0 || std::exchange(sendPending_, false)) sendOutbox();
+    if (!inbox_.empty() && !applyQueued_) {
+        applyQueued_ = true;
+        QMetaObject::invokeMethod(
+            this, [this] { applyReceived(); }, Qt::QueuedConnection);
+    }
 }
 
 } // namespace hfc

@@ -2,7 +2,10 @@
 // The multi-operator link: this computer's log shared with the station's other computers
 // through the station's MQTT broker. libmosquitto runs its network loop on its own thread;
 // whatever it receives comes to this object's thread as a queued call, so nothing on the
-// keystroke or commit path ever waits on the network. Changes to tbllog are noticed through
+// keystroke or commit path ever waits on the network. Others' events are written into the log by
+// a writer of the link's own: a second connection to the file on a thread of its own, so that
+// the window's thread does not wait for the disk on their account either (WAL lets the window
+// read meanwhile). Changes to tbllog are noticed through
 // SQLite's update hook after they are on disk, turned into events in the outbox and sent when
 // the broker is there; a crash in between loses none, since the next start compares the whole
 // log with what was last published.
@@ -13,6 +16,7 @@
 #include <QList>
 #include <QObject>
 #include <QSet>
+#include <QThread>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -23,6 +27,7 @@ struct mosquitto_message;
 namespace hfc {
 
 class Db;
+class LogStore;
 struct StationSettings;
 
 class MultiOp : public QObject {
@@ -30,7 +35,7 @@ class MultiOp : public QObject {
   public:
     // Does nothing on the network until start(). The settings must name a broker, a logid and
     // a node (configured() says so).
-    MultiOp(Db& log, const StationSettings& s, QObject* parent = nullptr);
+    MultiOp(LogStore& log, const StationSettings& s, QObject* parent = nullptr);
     ~MultiOp() override;
     static bool configured(const StationSettings& s);
     // A reason in Russian why the settings cannot be used, or "" when they can.
@@ -81,16 +86,20 @@ class MultiOp : public QObject {
     void disconnectedNow();
     void received(const QString& topic, const QByteArray& payload);
     void applyReceived();
+    void appliedNow(const MultiOpStore::Applied& a);
     void sendOutbox();
     void publishStatus();
     void epochHeard(const QString& epoch);
     void tryConnect();
+    void startWriter();
     void ackedNow();
     void epochCheck();
     void claimHeard(qint64 block, const QString& node);
     void publishClaim(qint64 block);
 
+    class Writer;
     Db& db_;
+    LogStore& log_;
     QString logid_, node_, host_, user_, password_, cafile_;
     quint16 port_ = 0;
     MultiOpStore store_;
@@ -98,6 +107,12 @@ class MultiOp : public QObject {
     bool connected_ = false;
     bool loopRunning_ = false; // the network thread runs (after the first connection attempt)
     bool applying_ = false;    // our own writes of others' changes: not local changes
+    QThread writerThread_;
+    Writer* writer_ = nullptr; // lives on writerThread_; null: others' events are written here
+    // A batch is being written by the writer, which then uses store_: nothing here writes
+    // through store_ or sends the outbox until it is done.
+    bool applyInFlight_ = false;
+    bool sendPending_ = false; // the outbox was to be sent meanwhile
     QList<qint64> touched_;    // tbllog rows changed here since the last collect
     bool collectQueued_ = false;
     std::vector<multiop::QsoEvent> inbox_; // received, applied in one transaction per batch

@@ -2,9 +2,12 @@
 
 #include "data/db.h"
 #include "data/schema.h"
+#include "log/logcolumns.h"
+#include "log/logstore.h"
+#include "log/namedcommits.h"
 
+#include <QSet>
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace hfc {
 
@@ -13,45 +16,13 @@ using multiop::Stamp;
 
 namespace {
 
-const QString& selectRowSql() {
-    static const QString sql = QStringLiteral("SELECT ") + logColumns().join(QStringLiteral(", ")) +
-                               QStringLiteral(" FROM tbllog WHERE rowid = ?1");
-    return sql;
-}
-
-const QString& insertRowSql() {
-    static const QString sql = [] {
-        QStringList marks;
-        for (int i = 1; i <= logColumns().size(); ++i) marks << QStringLiteral("?%1").arg(i);
-        return QStringLiteral("INSERT INTO tbllog (") + logColumns().join(QStringLiteral(", ")) +
-               QStringLiteral(") VALUES (") + marks.join(QStringLiteral(", ")) +
-               QStringLiteral(")");
-    }();
-    return sql;
-}
-
-const QString& updateRowSql() {
-    static const QString sql = [] {
-        QStringList sets;
-        const QStringList& cols = logColumns();
-        for (int i = 0; i < cols.size(); ++i)
-            sets << QStringLiteral("%1 = ?%2").arg(cols[i]).arg(i + 1);
-        return QStringLiteral("UPDATE tbllog SET ") + sets.join(QStringLiteral(", ")) +
-               QStringLiteral(" WHERE rowid = ?%1").arg(cols.size() + 1);
-    }();
-    return sql;
-}
-
-QStringList rowValues(const QMap<QString, QString>& fields) {
-    QStringList v;
-    for (const QString& c : logColumns()) v << fields.value(c);
-    return v;
-}
-
 // A transaction that rolls back unless committed, so a failed statement leaves nothing half done.
+// It takes the write lock at once (waiting its turn): with others' events written on a second
+// connection, a transaction that read before it wrote would otherwise fail when the other one
+// committed in between.
 class Transaction {
   public:
-    explicit Transaction(Db& db) : db_(db) { db_.begin(); }
+    explicit Transaction(Db& db) : db_(db) { db_.exec(QStringLiteral("BEGIN IMMEDIATE")); }
     ~Transaction() {
         if (!done_) db_.rollback();
     }
@@ -67,8 +38,8 @@ class Transaction {
 
 } // namespace
 
-MultiOpStore::MultiOpStore(Db& db, const QString& logid, const QString& node)
-    : db_(db), logid_(logid), node_(node) {}
+MultiOpStore::MultiOpStore(LogStore& log, const QString& logid, const QString& node)
+    : log_(log), db_(log.db()), logid_(logid), node_(node) {}
 
 void MultiOpStore::open() {
     db_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS mqqso (uid TEXT, qrowid TEXT, origin TEXT, "
@@ -88,24 +59,10 @@ void MultiOpStore::open() {
         stamps_.insert(r[0], Stamp{r[1].toLongLong(), r[2]});
 }
 
-void MultiOpStore::saveCounters() {
+void MultiOpStore::saveCounters(Db& db) {
     const QString sql = QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES (?1, ?2)");
-    db_.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
-    db_.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
-}
-
-MultiOpStore::Row MultiOpStore::readRow(qint64 rowid) {
-    Row r;
-    Stmt& s = db_.prepared(selectRowSql(), {QString::number(rowid)});
-    if (s.step()) {
-        r.exists = true;
-        for (int i = 0; i < logColumns().size(); ++i) {
-            const QString v = s.text(i);
-            if (!v.isEmpty()) r.fields.insert(logColumns()[i], v);
-        }
-    }
-    s.reset();
-    return r;
+    db.prepared(sql, {QStringLiteral("clock"), QString::number(clock_)}).step();
+    db.prepared(sql, {QStringLiteral("seq"), QString::number(seq_)}).step();
 }
 
 QsoEvent MultiOpStore::stamped(const QString& uid, const QString& origin) {
@@ -137,71 +94,83 @@ void MultiOpStore::keep(const QsoEvent& e, const QString& qrowid) {
 
 int MultiOpStore::collectOne(qint64 rowid) {
     const QString qrowid = QString::number(rowid);
-    const Row row = readRow(rowid);
+    const std::optional<LogRow> row = log_.findRow(rowid);
     const Rows held =
         db_.query(QStringLiteral("SELECT uid, origin, payload FROM mqqso WHERE qrowid = ?1 AND "
                                  "del = '0'"),
                   {qrowid});
     if (held.empty()) {
-        if (!row.exists) return 0;
+        if (!row) return 0;
         QsoEvent e = stamped({}, node_);
         e.uid = node_ + QLatin1Char('-') + QString::number(e.seq);
-        e.fields = row.fields;
+        e.fields = logRowFields(*row);
         keep(e, qrowid);
         return 1;
     }
     const QString& uid = held[0][0];
     QsoEvent e = stamped(uid, held[0][1]);
-    if (!row.exists) {
+    if (!row) {
         e.deleted = true;
         keep(e, QString());
         return 1;
     }
     const auto before = multiop::decode(held[0][2].toUtf8(), logid_);
-    if (before && before->fields == row.fields) {
+    e.fields = logRowFields(*row);
+    if (before && before->fields == e.fields) {
         --seq_; // nothing changed: the stamp is not used
         --clock_;
         return 0;
     }
-    e.fields = row.fields;
     keep(e, qrowid);
     return 1;
 }
 
 int MultiOpStore::collect(const QList<qint64>& rowids) {
+    LogStore::KnownWrites known(log_); // bookkeeping only
     Transaction t(db_);
     int made = 0;
     for (qint64 id : rowids) made += collectOne(id);
-    if (made) saveCounters();
+    if (made) saveCounters(db_);
     t.commit();
     return made;
 }
 
 int MultiOpStore::collectAll() {
+    LogStore::KnownWrites known(log_); // bookkeeping only
     Transaction t(db_);
     int made = 0;
-    const QStringList rowids = db_.column(QStringLiteral("SELECT rowid FROM tbllog"));
-    if (rowids.isEmpty()) {
+    const std::vector<qint64> rowids = log_.allRowids();
+    if (rowids.empty()) {
         // An emptied log (cleared on this computer) is not a delete of the station's QSOs: the
         // bookkeeping goes, and the station's log comes back from the broker.
         db_.exec(QStringLiteral("DELETE FROM mqqso"));
         db_.exec(QStringLiteral("DELETE FROM mqoutbox"));
         stamps_.clear();
     }
-    for (const QString& id : rowids) made += collectOne(id.toLongLong());
+    for (qint64 id : rowids) made += collectOne(id);
     // Rows deleted while nobody was looking.
-    const QStringList gone = db_.column(
-        QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0' AND CAST(qrowid AS INTEGER) NOT "
-                       "IN (SELECT rowid FROM tbllog)"));
-    for (const QString& id : gone) made += collectOne(id.toLongLong());
-    if (made) saveCounters();
+    const QSet<qint64> present(rowids.begin(), rowids.end());
+    for (const QString& id : db_.column(QStringLiteral("SELECT qrowid FROM mqqso WHERE del = '0'")))
+        if (!present.contains(id.toLongLong())) made += collectOne(id.toLongLong());
+    if (made) saveCounters(db_);
     t.commit();
     return made;
 }
 
-MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
+MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events, LogStore* on,
+                                          NamedCommits* named) {
     Applied a;
-    Transaction t(db_);
+    LogStore& log = on ? *on : log_;
+    Db& db = log.db();
+    LogStore::KnownWrites known(log); // the log's own writes below name their rows
+    // Destroyed after the transaction's end, committed or not.
+    struct Naming {
+        NamedCommits* named = nullptr;
+        ~Naming() {
+            if (named) named->done();
+        }
+    } naming;
+    Transaction t(db);
     const qint64 clockBefore = clock_;
     for (const QsoEvent& e : events) {
         if (e.logid != logid_) continue;
@@ -210,11 +179,11 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
             if (multiop::newer(held, e.stamp)) {
                 // Put what we hold back on the broker's retained topic.
                 const QString payload =
-                    db_.scalar(QStringLiteral("SELECT payload FROM mqqso WHERE uid = ?1"), {e.uid});
+                    db.scalar(QStringLiteral("SELECT payload FROM mqqso WHERE uid = ?1"), {e.uid});
                 if (!payload.isEmpty()) {
-                    db_.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) "
-                                                "VALUES (?1, ?2)"),
-                                 {e.uid, payload})
+                    db.prepared(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) "
+                                               "VALUES (?1, ?2)"),
+                                {e.uid, payload})
                         .step();
                     ++a.answered;
                 }
@@ -223,43 +192,43 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events) {
         }
         clock_ = std::max(clock_, e.stamp.ver);
         QString qrowid =
-            db_.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
+            db.scalar(QStringLiteral("SELECT qrowid FROM mqqso WHERE uid = ?1"), {e.uid});
         if (!qrowid.isEmpty()) {
-            const QString band =
-                db_.scalar(QStringLiteral("SELECT bband FROM tbllog WHERE rowid = ?1"), {qrowid});
-            if (!db_.exists(QStringLiteral("SELECT 1 FROM tbllog WHERE rowid = ?1"), {qrowid}))
-                qrowid.clear();
+            if (const std::optional<LogRow> held = log.findRow(qrowid.toLongLong()))
+                a.bands << held->bband;
             else
-                a.bands << band;
+                qrowid.clear();
         }
         if (e.deleted) {
             if (!qrowid.isEmpty()) {
-                db_.prepared(QStringLiteral("DELETE FROM tbllog WHERE rowid = ?1"), {qrowid})
-                    .step();
-                ++a.changed;
+                log.remove(qrowid.toLongLong());
+                a.rowids << qrowid.toLongLong();
             }
             qrowid.clear();
         } else if (!qrowid.isEmpty()) {
-            db_.prepared(updateRowSql(), rowValues(e.fields) << qrowid).step();
-            ++a.changed;
+            log.update(qrowid.toLongLong(), logRowFromFields(e.fields));
+            a.rowids << qrowid.toLongLong();
         } else {
-            db_.prepared(insertRowSql(), rowValues(e.fields)).step();
-            qrowid = QString::number(sqlite3_last_insert_rowid(db_.handle()));
-            ++a.changed;
+            const qint64 id = log.insert(logRowFromFields(e.fields));
+            qrowid = QString::number(id);
+            a.rowids << id;
         }
         if (!e.deleted) a.bands << e.fields.value(QStringLiteral("bband"));
-        db_.prepared(
-               QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
-                              "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
-               {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
-                e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
-                QString::fromUtf8(multiop::encode(e))})
+        db.prepared(QStringLiteral("INSERT OR REPLACE INTO mqqso (uid, qrowid, origin, ver, vnode, "
+                                   "del, payload) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7)"),
+                    {e.uid, qrowid, e.origin, QString::number(e.stamp.ver), e.stamp.node,
+                     e.deleted ? QStringLiteral("1") : QStringLiteral("0"),
+                     QString::fromUtf8(multiop::encode(e))})
             .step();
         // A change of ours that lost to this one must not reach the broker after it.
-        db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
+        db.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
         stamps_.insert(e.uid, e.stamp);
     }
-    if (clock_ != clockBefore) saveCounters();
+    if (clock_ != clockBefore) saveCounters(db);
+    if (named) {
+        named->naming(a.rowids);
+        naming.named = named;
+    }
     t.commit();
     a.bands.removeDuplicates();
     return a;
@@ -282,6 +251,7 @@ std::vector<MultiOpStore::Outgoing> MultiOpStore::outbox(qint64 after, int limit
 
 void MultiOpStore::delivered(const QList<qint64>& ids) {
     // One transaction for a burst of acknowledgements: one wait for the disk, not one each.
+    LogStore::KnownWrites known(log_);
     Transaction t(db_);
     for (qint64 id : ids)
         db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1"), {QString::number(id)})
@@ -290,6 +260,7 @@ void MultiOpStore::delivered(const QList<qint64>& ids) {
 }
 
 void MultiOpStore::delivered(const std::vector<Outgoing>& sent) {
+    LogStore::KnownWrites known(log_);
     Transaction t(db_);
     for (const Outgoing& o : sent)
         db_.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE rowid = ?1 AND payload = ?2"),
@@ -303,10 +274,12 @@ QString MultiOpStore::epoch() {
 }
 
 void MultiOpStore::setEpoch(const QString& epoch) {
+    LogStore::KnownWrites known(log_);
     db_.run(QStringLiteral("INSERT OR REPLACE INTO mqmeta (k, v) VALUES ('epoch', ?1)"), {epoch});
 }
 
 int MultiOpStore::requeueAll() {
+    LogStore::KnownWrites known(log_);
     db_.exec(QStringLiteral("INSERT OR REPLACE INTO mqoutbox (uid, payload) SELECT uid, payload "
                             "FROM mqqso"));
     return outboxSize();
@@ -314,11 +287,17 @@ int MultiOpStore::requeueAll() {
 
 QString MultiOpStore::noteClaim(qint64 block, const QString& node) {
     const QString blk = QString::number(block);
+    LogStore::KnownWrites known(log_);
     db_.run(QStringLiteral("INSERT OR IGNORE INTO mqblock (blk, node) VALUES (CAST(?1 AS INTEGER), "
                            "?2)"),
             {blk, node});
     return db_.scalar(QStringLiteral("SELECT node FROM mqblock WHERE blk = CAST(?1 AS INTEGER)"),
                       {blk});
+}
+
+QString MultiOpStore::originOf(qint64 rowid) {
+    return db_.scalar(QStringLiteral("SELECT origin FROM mqqso WHERE qrowid = ?1 AND del = '0'"),
+                      {QString::number(rowid)});
 }
 
 QList<qint64> MultiOpStore::blocksOf(const QString& node) {

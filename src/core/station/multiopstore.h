@@ -13,10 +13,14 @@
 namespace hfc {
 
 class Db;
+class LogStore;
+class NamedCommits;
 
 class MultiOpStore {
   public:
-    MultiOpStore(Db& db, const QString& logid, const QString& node);
+    // The rows of tbllog are read and written through log; every write here tells log which
+    // of its rows it changed, so the worked calls need not read the contest again.
+    MultiOpStore(LogStore& log, const QString& logid, const QString& node);
 
     void open(); // creates the tables when missing, reads the counters
 
@@ -32,11 +36,15 @@ class MultiOpStore {
     // rows. An event older than what is held puts the held state back in the outbox, so the
     // broker's retained copy ends at the newest one whatever order the publishes crossed in.
     struct Applied {
-        int changed = 0;   // tbllog rows inserted, updated or deleted
-        QStringList bands; // bands of those rows, before and after
-        int answered = 0;  // older events answered with the newer state
+        QList<qint64> rowids; // tbllog rows inserted, updated or deleted
+        QStringList bands;    // bands of those rows, before and after
+        int answered = 0;     // older events answered with the newer state
+        int changed() const { return int(rowids.size()); }
     };
-    Applied apply(const std::vector<multiop::QsoEvent>& events);
+    // on: another connection to the same file (the link's writer on its own thread; nothing
+    // else may use this store meanwhile), whose commit is named in named before it is made.
+    Applied apply(const std::vector<multiop::QsoEvent>& events, LogStore* on = nullptr,
+                  NamedCommits* named = nullptr);
 
     struct Outgoing {
         qint64 id = 0; // rowid in mqoutbox
@@ -59,6 +67,10 @@ class MultiOpStore {
     // retained copies (a new one, or one without persistence).
     int requeueAll();
 
+    // The computer a tbllog row came from: "" for a row the link has not taken up yet (or one
+    // deleted).
+    QString originOf(qint64 rowid);
+
     // Blocks of serial numbers the computers claimed for a station-wide sequence: the first
     // claim heard of a block owns it (every computer hears the broker's claims in the same
     // order). noteClaim returns the owner.
@@ -70,16 +82,12 @@ class MultiOpStore {
     qint64 clock() const { return clock_; }
 
   private:
-    struct Row {
-        bool exists = false;
-        QMap<QString, QString> fields;
-    };
-    Row readRow(qint64 rowid);
     int collectOne(qint64 rowid);
     void keep(const multiop::QsoEvent& e, const QString& qrowid);
-    void saveCounters();
+    void saveCounters(Db& db);
     multiop::QsoEvent stamped(const QString& uid, const QString& origin);
 
+    LogStore& log_;
     Db& db_;
     QString logid_, node_;
     qint64 clock_ = 0;                      // Lamport counter

@@ -367,6 +367,9 @@ class ContestForm : public Form {
 
     // station.cpp
     void startMultiOp(); // when the settings name a broker
+    // The link keeps a connection of its own to the log file and its hook on the window's: it
+    // lets go of the file while the file is replaced. True when it was running.
+    bool stopMultiOp();
     MultiOp* multiop() { return multiop_.get(); }
     void sharedLogChanged(const QStringList& bands);
     void showSharedLogChange();
@@ -411,6 +414,7 @@ class ContestForm : public Form {
     CallNeighbours neighbours_;
     qsizetype neighboursSeen_ = 0;
     int neighboursReads_ = -1;
+    int neighboursRemovals_ = -1;
     bool scpRead = false;
     CallHistory history;
     QString histfilled; // the exchange the history put into the box, while it is there

@@ -124,9 +124,13 @@ void ContestForm::mnurestore_Click() {
         return;
     Databases& dbs = *env().db;
     QString savedAs, error;
+    // A connection left open on the file being replaced could write into the wrong file.
+    const bool linked = stopMultiOp();
     const bool restored = dbs.restoreLog(backup, env().clock->localNow(), savedAs, error);
-    // The log's connection was reopened: the totals and the grid are read from it anew.
+    // The log's connection was reopened: the totals and the grid are read from it anew, and the
+    // shared log starts again on the log that is there now.
     store().forgetTally();
+    if (linked) startMultiOp();
     refreshLogGrid();
     recount();
     nextserial();

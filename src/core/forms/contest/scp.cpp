@@ -77,14 +77,17 @@ WorkedCalls& ContestForm::workedCalls() {
     return store().worked(contestcode);
 }
 
-// Kept in step with the worked calls: the calls added since the last look, or all of them
-// again after the set was read anew (an edit, a clearing, another contest).
+// Kept in step with the worked calls: the calls added since the last look (ours or the
+// station's others'), or all of them again after the set was read anew (an unannounced change,
+// a clearing, another contest) or lost a call.
 const CallNeighbours& ContestForm::loggedNeighbours(const WorkedCalls& worked) {
     const QStringList& calls = worked.calls();
-    if (neighboursReads_ != worked.fullReads() || neighboursSeen_ > calls.size()) {
+    if (neighboursReads_ != worked.fullReads() || neighboursRemovals_ != worked.removals() ||
+        neighboursSeen_ > calls.size()) {
         neighbours_.clear();
         neighboursSeen_ = 0;
         neighboursReads_ = worked.fullReads();
+        neighboursRemovals_ = worked.removals();
     }
     for (; neighboursSeen_ < calls.size(); ++neighboursSeen_)
         neighbours_.add(calls[neighboursSeen_]);

@@ -30,7 +30,7 @@ void ContestForm::startMultiOp() {
         qWarning("multiop: %s", qPrintable(problem));
         return;
     }
-    multiop_ = std::make_unique<MultiOp>(logDb(), *s);
+    multiop_ = std::make_unique<MultiOp>(store(), *s);
     connect(multiop_.get(), &MultiOp::logChanged, this,
             [this](const QStringList& bands) { sharedLogChanged(bands); });
     connect(multiop_.get(), &MultiOp::bookkeepingWritten, this, [this] { tally().ownWrites({}); });
@@ -43,11 +43,19 @@ void ContestForm::startMultiOp() {
         stationRefresh();
     });
     QStringList cols = DBGrid3->columns();
-    cols << QStringLiteral("Компьютер");
-    DBGrid3->setColumns(cols);
+    if (!cols.contains(QStringLiteral("Компьютер"))) { // started again after a restore
+        cols << QStringLiteral("Компьютер");
+        DBGrid3->setColumns(cols);
+    }
     multiop_->start();
     frstation->setVisible(true);
     stationRefresh();
+}
+
+bool ContestForm::stopMultiOp() {
+    const bool running = multiop_ != nullptr;
+    multiop_.reset();
+    return running;
 }
 
 void ContestForm::sharedLogChanged(const QStringList& bands) {
@@ -81,9 +89,7 @@ void ContestForm::showSharedLogChange() {
 
 QString ContestForm::originOf(qint64 rowid) {
     if (!multiop_) return {};
-    const QString origin =
-        logDb().scalar(QStringLiteral("SELECT origin FROM mqqso WHERE qrowid = ?1 AND del = '0'"),
-                       {QString::number(rowid)});
+    const QString origin = multiop_->store().originOf(rowid);
     // A row not yet taken up by the link is this computer's own.
     return origin.isEmpty() ? multiop_->node() : origin;
 }
@@ -124,12 +130,11 @@ void ContestForm::DBGrid3_DeleteKey() {
     bool ok = false;
     const int row = DBGrid3->extra(QStringLiteral("row")).toInt(&ok);
     if (!ok || row < 0 || size_t(row) >= grid3rowids.size()) return;
-    const Rows qso =
-        logDb().query(QStringLiteral("SELECT ccall, bband, ttime FROM tbllog WHERE rowid = ?1"),
-                      {QString::number(grid3rowids[size_t(row)])});
-    if (qso.empty()) return;
-    if (msgbox(QStringLiteral("Удалить QSO с %1 (%2, %3) из журнала?")
-                   .arg(qso[0][0], qso[0][1], qso[0][2]),
+    const QStringList qso =
+        store().fields(grid3rowids[size_t(row)],
+                       {QStringLiteral("ccall"), QStringLiteral("bband"), QStringLiteral("ttime")});
+    if (qso.isEmpty()) return;
+    if (msgbox(QStringLiteral("Удалить QSO с %1 (%2, %3) из журнала?").arg(qso[0], qso[1], qso[2]),
                QStringLiteral("Удаление QSO"), Ui::Buttons::YesNo) != Ui::Answer::Yes)
         return;
     DBGrid3_Delete(row);
