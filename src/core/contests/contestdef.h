@@ -213,7 +213,7 @@ struct ContestDef {
     SerialScope serial = SerialScope::Transmitter;
 
     // Rules that are code (pointsrules.h, exchangecheck.h)
-    PointsRule points = nullptr;   // none: scored by the window's own procedure (raem, uba)
+    PointsRule points = nullptr;  // none: scored by the window's own procedure (raem, uba)
     ExchangeRule check = nullptr; // none: any exchange is taken
     // What the claimed score cannot know from the log alone, said beside it.
     const char* claimLimit = nullptr;
