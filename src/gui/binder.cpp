@@ -431,6 +431,19 @@ void Binder::onFocusChanged(Control* c) {
     }
 }
 
+// The Latin letter on the key that carries a Cyrillic letter in the Russian (ЙЦУКЕН) layout;
+// 0 for any other key.
+int Binder::latinKeyAt(int key) {
+    static const QHash<int, int> latin = [] {
+        const QString cyrillic = QStringLiteral("ЙЦУКЕНГШЩЗФЫВАПРОЛДЯЧСМИТЬ");
+        const char* qwerty = "QWERTYUIOPASDFGHJKLZXCVBNM";
+        QHash<int, int> t;
+        for (int i = 0; i < cyrillic.size(); ++i) t.insert(cyrillic[i].unicode(), qwerty[i]);
+        return t;
+    }();
+    return latin.value(key, 0);
+}
+
 int Binder::vkCode(int key) {
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::F1 + (key - Qt::Key_F1);
     switch (key) {
@@ -475,11 +488,16 @@ bool Binder::forwardKey(Form* form, QKeyEvent* e) {
     if (e->modifiers() & Qt::AltModifier) shift |= 4;
     const int vk = vkCode(e->key());
     // Ctrl or Alt with a letter is a command of the window (Alt+W wipes the entry line), never
-    // a character typed into a box.
+    // a character typed into a box. With the Russian layout on, the same keys arrive as
+    // Cyrillic letters: Ctrl takes them by their place on the keyboard, so Ctrl+W and Ctrl+K do
+    // not depend on the layout; Alt only for W, as the Cyrillic letters under Alt open the menus.
+    int key = e->key();
+    if (const int latin = latinKeyAt(key); latin && (shift == 2 || (shift == 4 && latin == 'W')))
+        key = latin;
     // Ctrl+A and Ctrl+C stay the edit box's own: select all, copy.
-    const bool boxOwn = shift == 2 && (e->key() == Qt::Key_A || e->key() == Qt::Key_C);
-    if ((shift & 6) && !boxOwn && e->key() >= Qt::Key_A && e->key() <= Qt::Key_Z) {
-        form->pressKey(e->key(), shift);
+    const bool boxOwn = shift == 2 && (key == Qt::Key_A || key == Qt::Key_C);
+    if ((shift & 6) && !boxOwn && key >= Qt::Key_A && key <= Qt::Key_Z) {
+        form->pressKey(key, shift);
         return true;
     }
     if (vk == keys::Enter || vk == keys::Backspace || vk == keys::Esc || vk == keys::Tab) {

@@ -41,6 +41,8 @@ class Binder : public QObject {
     // Translates a Qt key event into the window's key codes; true when it was forwarded.
     static bool forwardKey(Form* form, QKeyEvent* e);
     static int vkCode(int qtKey);
+    // The Latin letter on the key of a Cyrillic letter in the Russian layout; 0 for others.
+    static int latinKeyAt(int qtKey);
     // A key that types a character (not a control code, no Ctrl or Alt held).
     static bool typesCharacter(const QKeyEvent* e);
 

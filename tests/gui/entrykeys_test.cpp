@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStatusBar>
@@ -75,6 +76,13 @@ TEST(EntryKeysGui, SpaceGoesToTheExchangeAndAltWWipes) {
     QTest::keyClick(call, Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(w.form->txtcall->text(), "");
     EXPECT_EQ(call->text(), "");
+    // The Russian layout: the same key is "Ц", with Ctrl or Alt.
+    for (const Qt::KeyboardModifier mod : {Qt::ControlModifier, Qt::AltModifier}) {
+        QTest::keyClicks(call, "g4abc");
+        QKeyEvent tse(QEvent::KeyPress, 0x0426, mod, QStringLiteral("ц"));
+        QApplication::sendEvent(call, &tse);
+        EXPECT_EQ(w.form->txtcall->text(), "") << mod;
+    }
     EXPECT_EQ(w.db.contest.count("SELECT rowid FROM tbllog"), 0);
 }
 
