@@ -90,6 +90,23 @@ TEST(MultiOpStore, OthersEventsInAnyOrderAndRepeatedGiveTheSameRows) {
     EXPECT_EQ(b.store->outboxSize(), 0);
 }
 
+// A batch the disk refused is not held as applied: when the same events come again (the
+// broker's retained copies at the next connection) they are written.
+TEST(MultiOpStore, ABatchThatDidNotCommitIsAppliedWhenItComesAgain) {
+    Node a("run"), b("mult");
+    a.log("DL1ABC");
+    a.log("F5XYZ");
+    a.store->collectAll();
+    const std::vector<QsoEvent> events = a.send();
+    // The second QSO's write fails, as on a full disk, after the first was written.
+    b.db.exec("CREATE TRIGGER refuse BEFORE INSERT ON tbllog WHEN NEW.ccall = 'F5XYZ' "
+              "BEGIN SELECT RAISE(ABORT, 'disk full'); END");
+    EXPECT_THROW(b.store->apply(events), DbError);
+    b.db.exec("DROP TRIGGER refuse");
+    EXPECT_EQ(b.store->apply(events).changed(), 2);
+    EXPECT_EQ(a.rows(), b.rows());
+}
+
 TEST(MultiOpStore, ConcurrentEditsEndAtTheSameWinnerAndTheLoserIsNotSent) {
     Node a("a"), b("b");
     const qint64 row = a.log("DL1ABC");

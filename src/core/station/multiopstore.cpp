@@ -8,6 +8,7 @@
 
 #include <QSet>
 #include <algorithm>
+#include <optional>
 
 namespace hfc {
 
@@ -170,6 +171,25 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events, L
             if (named) named->done();
         }
     } naming;
+    // The versions held in memory go back to what is on disk when the batch does not commit:
+    // a version held only in memory would make the same event look applied when it comes again,
+    // and the QSO would stay missing here until the next start.
+    struct Undo {
+        MultiOpStore& store;
+        qint64 clock;
+        std::vector<std::pair<QString, std::optional<Stamp>>> stamps;
+        bool committed = false;
+        ~Undo() {
+            if (committed) return;
+            store.clock_ = clock;
+            for (auto it = stamps.rbegin(); it != stamps.rend(); ++it) {
+                if (it->second)
+                    store.stamps_.insert(it->first, *it->second);
+                else
+                    store.stamps_.remove(it->first);
+            }
+        }
+    } undo{*this, clock_, {}};
     Transaction t(db);
     const qint64 clockBefore = clock_;
     for (const QsoEvent& e : events) {
@@ -222,6 +242,9 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events, L
             .step();
         // A change of ours that lost to this one must not reach the broker after it.
         db.prepared(QStringLiteral("DELETE FROM mqoutbox WHERE uid = ?1"), {e.uid}).step();
+        const auto was = stamps_.constFind(e.uid);
+        undo.stamps.emplace_back(e.uid, was == stamps_.constEnd() ? std::nullopt
+                                                                  : std::optional<Stamp>(*was));
         stamps_.insert(e.uid, e.stamp);
     }
     if (clock_ != clockBefore) saveCounters(db);
@@ -230,6 +253,7 @@ MultiOpStore::Applied MultiOpStore::apply(const std::vector<QsoEvent>& events, L
         naming.named = named;
     }
     t.commit();
+    undo.committed = true;
     a.bands.removeDuplicates();
     return a;
 }
