@@ -58,7 +58,7 @@ TEST_F(BandsTest, PrefixGridListsWorkedPrefixesInTheirOwnMode) {
     EXPECT_EQ(form->txtMwid[1]->backcolor(), "#00ff00");
     EXPECT_EQ(form->txtMwid[2]->backcolor(), "#c0c0c0");
     form->cmbband_Click(4);
-    form->cmbwsego->setText("21MHz");
+    form->cmbwsego_Click(); // per band
     form->prefixlist();
     EXPECT_EQ(text("txtMwid(0)"), "DL1");
     EXPECT_EQ(text("txtMwid(1)"), "");

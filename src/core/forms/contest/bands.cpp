@@ -92,7 +92,7 @@ void ContestForm::cmbband_KeyUp(Event& e) {
 }
 
 void ContestForm::cmbmod_Click() {
-    setMode(cmbmod->text() != QLatin1String("CW") ? QStringLiteral("CW") : QStringLiteral("SSB"));
+    setMode(curmode != QLatin1String("CW") ? QStringLiteral("CW") : QStringLiteral("SSB"));
     qsyMode(); // the radio goes to the mode the operator chose
     setFocus(txtcall);
 }
@@ -100,13 +100,14 @@ void ContestForm::cmbmod_Click() {
 // The mode button's caption, its reports and what depends on them; the focus stays where it is,
 // since the radio may change the mode while the operator types.
 void ContestForm::setMode(const QString& mode) {
-    if (cmbmod->text() == mode) return;
+    if (curmode == mode) return;
     const QString rst = mode == QLatin1String("CW") ? QStringLiteral("599") : QStringLiteral("59");
+    curmode = mode;
     cmbmod->setText(mode);
     lblrstr->setText(rst);
     lblrsts->setText(rst);
     rstdef = rst;
-    keepSession(QStringLiteral("mode"), cmbmod->text());
+    keepSession(QStringLiteral("mode"), curmode);
     // An exchange that depends on the mode (the championship's): the contest is set up again.
     if (const contests::ContestDef& def = contestDef(); def.reselectOnMode)
         fire(QLatin1String(def.menuItem) + QStringLiteral("_Click"));
@@ -120,7 +121,8 @@ void ContestForm::cmbmod_KeyPress(Event& e) {
 }
 
 void ContestForm::cmbwsego_Click() {
-    if (cmbwsego->text() != QStringLiteral("Всего")) {
+    multWindowAll = !multWindowAll;
+    if (multWindowAll) {
         cmbwsego->setText(QStringLiteral("Всего"));
         prefixlist();
     } else {
@@ -136,7 +138,7 @@ void ContestForm::cmbwsego_Click() {
 // The window shows what is worked where the operator now is: another band's or contest's marks
 // go first, then the worked ones are marked again (the whole contest's under "Всего").
 void ContestForm::refreshMultWindow() {
-    const bool perBand = cmbwsego->text() != QStringLiteral("Всего");
+    const bool perBand = !multWindowAll;
     if (perBand && !curband.isEmpty()) cmbwsego->setText(curband + QStringLiteral("MHz"));
     if (mwidmode != 1)
         for (Control* c : txtMwid) c->setBackcolor(perBand && bandmult == 1 ? Palette7 : "");
@@ -145,7 +147,7 @@ void ContestForm::refreshMultWindow() {
 
 void ContestForm::prefixlist() {
     QStringList worked;
-    if (cmbwsego->text() == QStringLiteral("Всего"))
+    if (multWindowAll)
         worked = store().secondMultsSorted(contestcode);
     else
         worked = store().secondMultsSorted(contestcode, curband);

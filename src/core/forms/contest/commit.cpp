@@ -58,7 +58,7 @@ bool ContestForm::wwodadd() {
     QsoDraft& d = session().draft();
     d.call = txtcall->text();
     d.band = curband;
-    d.mode = cmbmod->text();
+    d.mode = curmode;
     d.date = txtdate->text();
     d.time = txttime->text();
     d.rcvdReport = lblrstr->text();

@@ -118,6 +118,8 @@ class ContestForm : public Form {
     const contests::ContestDef& contestDef() const;
     QString myexch;
     QString curband;
+    QString curmode = QStringLiteral("CW"); // cmbmod shows it
+    bool multWindowAll = true; // the multiplier window counts the whole contest ("Всего")
     QString rstdef = QStringLiteral("599");
     QString callchars = QStringLiteral("0123456789ASDFGHJKLQWERTYUIOPZXCVBNM/");
     QString letters = QStringLiteral("ASDFGHJKLQWERTYUIOPZXCVBNM");

@@ -37,7 +37,7 @@ void ContestForm::qsopoints() {
     QsoFacts q;
     q.contest = contestcode;
     q.band = curband;
-    q.mode = cmbmod->text();
+    q.mode = curmode;
     q.call = txtcall->text();
     q.pref = callpref;
     q.kont = callkont;

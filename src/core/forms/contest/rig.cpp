@@ -29,6 +29,8 @@ void ContestForm::mnuCAT_Click() {
 }
 
 void ContestForm::emitCatOnBandEnter(int index) {
+    // Entering a band turns the multiplier window to that band's count.
+    multWindowAll = false;
     cmbwsego->setText(curband + QStringLiteral("MHz"));
     // The caption is the link's only state. The block goes to the window, never to the keying
     // port. Before any band with a frequency was clicked there is no block to emit.
@@ -139,7 +141,7 @@ void ContestForm::qsyToBand(int index) {
         const double khz = logged.toDouble();
         if (bandOfKhz(khz) == band.band) hz = khz * 1000;
     }
-    if (hz <= 0) hz = 1000.0 * (cmbmod->text() == QLatin1String("SSB") ? band.ssbKhz : band.cwKhz);
+    if (hz <= 0) hz = 1000.0 * (curmode == QLatin1String("SSB") ? band.ssbKhz : band.cwKhz);
     if (const quint64 seq = rig_->setFrequency(hz)) {
         rigWaitSeq_ = seq;
         rigBand_ = index; // the radio arriving there is no change of the radio's own
@@ -148,9 +150,9 @@ void ContestForm::qsyToBand(int index) {
 
 void ContestForm::qsyMode() {
     if (!rig_ || rig_->state() != Rig::State::Online) return;
-    if (const quint64 seq = rig_->setMode(cmbmod->text())) {
+    if (const quint64 seq = rig_->setMode(curmode)) {
         rigWaitSeq_ = seq;
-        rigMode_ = cmbmod->text();
+        rigMode_ = curmode;
     }
 }
 

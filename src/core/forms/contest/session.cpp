@@ -65,7 +65,7 @@ void ContestForm::restoreSession() {
         resolveOwnCall(owncall);
     }
     // The mode before the contest: the championship sets its exchange up by the mode.
-    if (s.mode == QLatin1String("SSB") && cmbmod->text() == QLatin1String("CW")) cmbmod_Click();
+    if (s.mode == QLatin1String("SSB") && curmode == QLatin1String("CW")) cmbmod_Click();
     const contests::ContestDef* c = contests::find(s.contest);
     if (c) {
         selectContest(QLatin1String(c->menuItem), &s.myexch);

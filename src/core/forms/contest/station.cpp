@@ -144,7 +144,7 @@ void ContestForm::stationRefresh() {
     if (!multiop_) return;
     multiop::NodeStatus me;
     me.band = curband;
-    me.mode = cmbmod->text();
+    me.mode = curmode;
     me.freq = qsoFreq(); // the radio's, as shown beside the band; empty without one
     me.op = owncall;
     // Read back from the end of the table: the newest row is nearly always the contest's.
