@@ -28,6 +28,15 @@ void type(const char* text) {
         QTest::keyClicks(w, QString(QLatin1Char(*c)));
     }
 }
+// CQ WW chosen (own zone 16), 14 MHz, and these calls in the log there.
+void cqwwOn14(Window& w, std::initializer_list<const char*> calls) {
+    w.ui.queueInput(QString("16"));
+    w.form->click("mnucqww");
+    w.form->cmbband_Click(3);
+    for (const char* call : calls)
+        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
+                         {QString(call)});
+}
 QString focusName() {
     QWidget* w = QApplication::focusWidget();
     return w ? w->objectName() : QString();
@@ -100,12 +109,7 @@ TEST(LoggingGui, AContestLoggedWithTheKeyboardAlone) {
 
 TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {
     Window w;
-    w.ui.queueInput(QString("16"));
-    w.form->click("mnucqww");
-    w.form->cmbband_Click(3);
-    for (const char* call : {"DL1ABC", "G4ABC"})
-        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
-                         {QString(call)});
+    cqwwOn14(w, {"DL1ABC", "G4ABC"});
     w.form->call("refreshLogGrid", {});
     QApplication::processEvents();
     auto* grid = w.win->findChild<QTableView*>("DBGrid3");
@@ -185,12 +189,7 @@ TEST(LoggingGui, DeleteOnALogGridRowAsksAndTheAnswerDecides) {
 // A click on a row of the partial list shows that station's earlier QSOs, not the first row's.
 TEST(LoggingGui, AClickOnThePartialListShowsThatCallsEarlierQsos) {
     Window w;
-    w.ui.queueInput(QString("16"));
-    w.form->click("mnucqww");
-    w.form->cmbband_Click(3);
-    for (const char* call : {"DL1ABC", "DL1ABD"})
-        w.db.contest.run("INSERT INTO tbllog (ccall, bband, ps2) VALUES (?1, '14', 'cqww')",
-                         {QString(call)});
+    cqwwOn14(w, {"DL1ABC", "DL1ABD"});
     w.win->findChild<QLineEdit*>("txtcall")->setFocus();
     type("dl1ab");
     QApplication::processEvents();
