@@ -395,13 +395,13 @@ std::optional<qint64> MultiOp::stationSerial(qint64 index) {
     return blocks[i] * kSerialBlock + index % kSerialBlock + 1;
 }
 
-// Two blocks spare: a computer cut off from the broker numbers another twenty QSOs or more
+// kSpareBlocks spare: a computer cut off from the broker numbers another fifty QSOs or more
 // without a number another computer could send.
 void MultiOp::reserveSerials(qint64 index) {
     wantIndex_ = std::max(wantIndex_, index);
     if (wantIndex_ < 0 || !connected_ || !epochSeen_ || claiming_ >= 0) return;
     const qint64 held = qint64(store_.blocksOf(node_).size()) * kSerialBlock;
-    if (held >= wantIndex_ + 2 * kSerialBlock) return;
+    if (held >= wantIndex_ + kSpareBlocks * kSerialBlock) return;
     claiming_ = store_.lastBlock() + 1;
     publishClaim(claiming_);
 }

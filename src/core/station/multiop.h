@@ -58,6 +58,10 @@ class MultiOp : public QObject {
     // computer's blocks, nullopt when the reserve is used up; reserveSerials keeps the reserve
     // ahead of index (claims go out while the broker is there).
     static constexpr int kSerialBlock = 10;
+    // Blocks kept ahead of the next number: a partition of 50 QSOs (a quarter of an hour at a
+    // run station's peak rate, longer than a router takes to start again) is numbered from the
+    // reserve. What is left unused at the end is a gap in the numbers, which no sponsor counts.
+    static constexpr int kSpareBlocks = 5;
     std::optional<qint64> stationSerial(qint64 index);
     void reserveSerials(qint64 index);
 
