@@ -79,9 +79,7 @@ TEST_F(ClaimedLogTest, LblscoreStaysAsAFullCount) {
     };
     const auto log = [&](const char* call, const char* zone) {
         typeCall(call);
-        form->typeText("\r");
-        form->typeText(zone);
-        form->typeText("\r");
+        form->typeText(QString("\r%1\r").arg(zone));
     };
     log("DL1ABC", "14");
     log("JA1XYZ", "25");
