@@ -20,6 +20,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <map>
 #include <poll.h>
 #include <random>
 #include <string>
@@ -140,24 +141,18 @@ int fail(const Options& o, int run, const QString& why) {
 
 int main(int argc, char** argv) {
     Options o;
+    const std::map<std::string, QString*> texts = {{"--driver", &o.driver}, {"--work", &o.work}};
+    const std::map<std::string, int*> numbers = {{"--runs", &o.runs},
+                                                 {"--qsos", &o.qsos},
+                                                 {"--max-delay", &o.maxDelayMs},
+                                                 {"--fresh-every", &o.freshEvery}};
     for (int i = 1; i + 1 < argc; i += 2) {
-        const std::string k = argv[i];
         const QString v = QString::fromLocal8Bit(argv[i + 1]);
-        if (k == "--driver")
-            o.driver = v;
-        else if (k == "--work")
-            o.work = v;
-        else if (k == "--runs")
-            o.runs = v.toInt();
-        else if (k == "--qsos")
-            o.qsos = v.toInt();
-        else if (k == "--max-delay")
-            o.maxDelayMs = v.toInt();
-        else if (k == "--seed")
-            o.seed = v.toUInt();
-        else if (k == "--fresh-every")
-            o.freshEvery = std::max(1, v.toInt());
+        if (texts.count(argv[i])) *texts.at(argv[i]) = v;
+        if (numbers.count(argv[i])) *numbers.at(argv[i]) = v.toInt();
+        if (argv[i] == std::string("--seed")) o.seed = v.toUInt();
     }
+    o.freshEvery = std::max(1, o.freshEvery);
     if (o.driver.isEmpty() || o.work.isEmpty()) {
         std::fprintf(stderr,
                      "usage: %s --driver PATH --work DIR [--runs N] [--qsos N] "

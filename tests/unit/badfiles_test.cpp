@@ -104,10 +104,8 @@ TEST_F(BadFilesTest, EmptyAndForeignFilesAreRefusedAndNothingIsCreatedBeside) {
     for (const char* file : kFiles) {
         QTemporaryDir other;
         QFile(other.path() + '/' + file).open(QIODevice::WriteOnly); // 0 bytes
-        const QString error = openError(other.path());
-        EXPECT_TRUE(error.contains(file) && error.contains("файл пуст")) << error.toStdString();
+        EXPECT_TRUE(refusedAsIs(other.path(), {file, "файл пуст"}));
         EXPECT_EQ(QDir(other.path()).entryList(QDir::Files), QStringList{file});
-        EXPECT_EQ(QFileInfo(other.path() + '/' + file).size(), 0);
     }
     // a database of another program under the log's name
     QFile::remove(path("dbcontest.sqlite"));
@@ -117,27 +115,19 @@ TEST_F(BadFilesTest, EmptyAndForeignFilesAreRefusedAndNothingIsCreatedBeside) {
         foreign.exec("CREATE TABLE tbllog (ccall TEXT, notes TEXT)");
         foreign.exec("INSERT INTO tbllog VALUES ('X', 'y')");
     }
-    const auto before = digests();
-    const QString error = openError(data);
-    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("нет поля"))
-        << error.toStdString();
-    EXPECT_EQ(digests(), before);
+    EXPECT_TRUE(refusedAsIs(data, {"dbcontest.sqlite", "нет поля"}));
     // a file that is no database at all
     QTemporaryDir other;
-    const QString notDb = other.path() + "/dbdxcc1.sqlite";
-    overwrite(notDb, 0, "this is not a database\x01\x02");
-    const QByteArray kept = digest(notDb);
-    EXPECT_TRUE(openError(other.path()).contains("dbdxcc1.sqlite"));
-    EXPECT_EQ(digest(notDb), kept);
+    overwrite(other.path() + "/dbdxcc1.sqlite", 0, "this is not a database\x01\x02");
+    EXPECT_TRUE(refusedAsIs(other.path(), {"dbdxcc1.sqlite"}));
 }
 
 TEST_F(BadFilesTest, ReadOnlyLogIsRefusedAtStart) {
     shareFolder(0777, 0666);
     chmod(QFile::encodeName(path("dbcontest.sqlite")).constData(), 0444);
     const auto before = digests();
-    const QString error = unprivileged([this] { return openError(data); });
-    EXPECT_TRUE(error.contains("dbcontest.sqlite") && error.contains("только для чтения"))
-        << error.toStdString();
+    EXPECT_TRUE(holds(unprivileged([this] { return openError(data); }),
+                      {"dbcontest.sqlite", "только для чтения"}));
     EXPECT_EQ(digests(), before);
 }
 
@@ -160,25 +150,23 @@ TEST_F(BadFilesTest, ReadOnlyReferenceTableOpensAndAWriteIntoItIsReported) {
         w->call("cmbadd_Click", {});
         return win.ui.takeShown().join('\n');
     });
-    EXPECT_TRUE(shown.startsWith("msgbox\tОшибка базы данных") &&
-                shown.contains("dbdxcc1.sqlite") && shown.contains("только для чтения"))
-        << shown.toStdString();
+    EXPECT_TRUE(
+        holds(shown, {"^msgbox\tОшибка базы данных", "dbdxcc1.sqlite", "только для чтения"}));
     EXPECT_EQ(digest(path("dbdxcc1.sqlite")), before);
 }
 
 TEST_F(BadFilesTest, ReadOnlyDataFolderIsRefusedWithOrWithoutItsFiles) {
     shareFolder(0555, 0666);
     const auto before = digests();
-    QString error = unprivileged([this] { return openError(data); });
-    EXPECT_TRUE(error.startsWith("Нет права записи в папку данных") && error.contains(data))
-        << error.toStdString();
+    EXPECT_TRUE(holds(unprivileged([this] { return openError(data); }),
+                      {"^Нет права записи в папку данных", data}));
     EXPECT_EQ(digests(), before);
 
     const QString bare = dir.path() + "/bare";
     QDir().mkpath(bare);
     chmod(QFile::encodeName(bare).constData(), 0555);
-    error = unprivileged([&] { return openError(bare); });
-    EXPECT_TRUE(error.startsWith("Нет права записи в папку данных")) << error.toStdString();
+    EXPECT_TRUE(
+        holds(unprivileged([&] { return openError(bare); }), {"^Нет права записи в папку данных"}));
     EXPECT_TRUE(QDir(bare).entryList(QDir::Files | QDir::Hidden).isEmpty());
 }
 
@@ -193,12 +181,8 @@ TEST_F(BadFilesTest, MissingStationLogIsSeededAgainBesideTheKeptLog) {
 TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses) {
     // what a crash in the middle of seeding leaves: the working copy, half written
     ASSERT_TRUE(QFile::remove(path("dbhelp.sqlite")));
-    {
-        QFile half(path("dbhelp.sqlite") + ".new");
-        ASSERT_TRUE(half.open(QIODevice::WriteOnly));
-        half.write("SQLite format 3");
-        QFile(path("dbhelp.sqlite") + ".new-journal").open(QIODevice::WriteOnly);
-    }
+    writeFile(path("dbhelp.sqlite") + ".new", "SQLite format 3");
+    writeFile(path("dbhelp.sqlite") + ".new-journal", "");
     OpenedData db(data);
     EXPECT_GT(db.help.count("SELECT * FROM tblhelp"), 0);
     EXPECT_FALSE(QFileInfo::exists(path("dbhelp.sqlite") + ".new"));
@@ -235,8 +219,7 @@ TEST_F(BadFilesTest, StationLogReplacedWhileRunningIsNotWrittenBehindTheOperator
     w.form->cmbvur_Click();
     const QStringList shown = w.ui.takeShown();
     ASSERT_EQ(shown.size(), 2);
-    EXPECT_TRUE(shown[1].contains("dbiaru.sqlite") && shown[1].contains("заменён"))
-        << shown[1].toStdString();
+    EXPECT_TRUE(holds(shown[1], {"dbiaru.sqlite", "заменён"}));
     EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
     EXPECT_EQ(digests(), before);
 }

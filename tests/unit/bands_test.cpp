@@ -18,13 +18,11 @@ TEST_F(BandsTest, ModeButtonTogglesReportsAndRerunsTheChampionshipSetUp) {
     int setups = 0;
     form->proc("mnuchemp_Click", [&] { ++setups; });
     form->cmbmod_Click();
-    EXPECT_EQ(text("cmbmod"), "SSB");
-    EXPECT_EQ(text("lblrsts"), "59");
+    EXPECT_EQ(texts({"cmbmod", "lblrsts"}), "SSB|59");
     EXPECT_EQ(setups, 0);
     form->contestcode = "chemp";
     form->cmbmod_Click();
-    EXPECT_EQ(text("cmbmod"), "CW");
-    EXPECT_EQ(text("lblrstr"), "599");
+    EXPECT_EQ(texts({"cmbmod", "lblrstr"}), "CW|599");
     EXPECT_EQ(setups, 1);
     EXPECT_EQ(form->focusName(), "txtcall");
 }
@@ -51,17 +49,13 @@ TEST_F(BandsTest, PrefixGridListsWorkedPrefixesInTheirOwnMode) {
     addRow("DL1XYZ", "21", "wpx", "", "DL1");
     form->cmbband_Click(3);
     form->prefixlist(); // "Всего": distinct over all bands
-    EXPECT_EQ(text("txtMwid(0)"), "DL1");
-    EXPECT_EQ(text("txtMwid(1)"), "OK1");
-    EXPECT_EQ(text("txtMwid(2)"), "");
-    EXPECT_EQ(text("txtMwid(5)"), "");
+    EXPECT_EQ(texts({"txtMwid(0)", "txtMwid(1)", "txtMwid(2)", "txtMwid(5)"}), "DL1|OK1||");
     EXPECT_EQ(form->txtMwid[1]->backcolor(), "#00ff00");
     EXPECT_EQ(form->txtMwid[2]->backcolor(), "#c0c0c0");
     form->cmbband_Click(4);
     form->cmbwsego_Click(); // per band
     form->prefixlist();
-    EXPECT_EQ(text("txtMwid(0)"), "DL1");
-    EXPECT_EQ(text("txtMwid(1)"), "");
+    EXPECT_EQ(texts({"txtMwid(0)", "txtMwid(1)"}), "DL1|");
 }
 
 TEST_F(BandsTest, KeyboardPathFromBandButtonsToTheCallAndBack) {

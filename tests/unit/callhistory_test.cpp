@@ -19,14 +19,13 @@ TEST(CallHistory, TheHeaderNamesTheColumnsOfTheLinesAfterIt) {
            "Joe,K1AR,MA\n"
            "Bob\n"); // no call: nothing to keep
     EXPECT_EQ(h.size(), 3u);
-    EXPECT_EQ(h.value("UA3ABC", "Name"), "Ivan");
-    EXPECT_EQ(h.value("ua3abc", "cqzone"), "16"); // names and calls in any case
-    EXPECT_EQ(h.value("UA3ABC", "Loc1"), "MA");
-    EXPECT_EQ(h.value("DL1AB", "Loc1"), ""); // a short line
-    EXPECT_EQ(h.value("K1AR", "Name"), "Joe");
-    EXPECT_EQ(h.value("K1AR", "Exch1"), "MA");
-    EXPECT_EQ(h.value("W1AW", "Name"), "");
-    EXPECT_EQ(h.value("UA3ABC", "State"), "");
+    // names and calls in any case; DL1AB's is a short line
+    const std::tuple<const char*, const char*, const char*> values[] = {
+        {"UA3ABC", "Name", "Ivan"}, {"ua3abc", "cqzone", "16"}, {"UA3ABC", "Loc1", "MA"},
+        {"DL1AB", "Loc1", ""},      {"K1AR", "Name", "Joe"},    {"K1AR", "Exch1", "MA"},
+        {"W1AW", "Name", ""},       {"UA3ABC", "State", ""}};
+    for (const auto& [call, column, value] : values)
+        EXPECT_EQ(h.value(call, column), value) << call << " " << column;
     EXPECT_EQ(h.columns(), QStringList({"Call", "Name", "CQZone", "Loc1", "Exch1"}));
 }
 
@@ -66,13 +65,11 @@ TEST(CallHistory, WrittenTextReadsBackTheSame) {
 TEST(HistoryColumn, EachContestReadsTheColumnOfItsExchange) {
     // the zone contests read their zone column (CQ WW's shows in the call-list tests)
     EXPECT_EQ(contests::historyColumn("iaru"), "ITUZone");
-    EXPECT_TRUE(contests::historyValueFits("CQZone", "14"));
-    EXPECT_FALSE(contests::historyValueFits("CQZone", "41"));
-    EXPECT_FALSE(contests::historyValueFits("CQZone", "001")); // a serial number
-    EXPECT_TRUE(contests::historyValueFits("ITUZone", "90"));
-    EXPECT_FALSE(contests::historyValueFits("ITUZone", "0"));
-    EXPECT_TRUE(contests::historyValueFits("Loc1", "MA"));
-    EXPECT_FALSE(contests::historyValueFits("Loc1", "123")); // a DX station's serial in RDXC
-    EXPECT_TRUE(contests::historyValueFits("Exch1", "B06"));
-    EXPECT_FALSE(contests::historyValueFits("Exch1", ""));
+    // "001" is a serial number, no zone; "123" a DX station's serial in RDXC, no oblast
+    const std::tuple<const char*, const char*, bool> fits[] = {
+        {"CQZone", "14", true},  {"CQZone", "41", false}, {"CQZone", "001", false},
+        {"ITUZone", "90", true}, {"ITUZone", "0", false}, {"Loc1", "MA", true},
+        {"Loc1", "123", false},  {"Exch1", "B06", true},  {"Exch1", "", false}};
+    for (const auto& [column, value, fit] : fits)
+        EXPECT_EQ(contests::historyValueFits(column, value), fit) << column << " " << value;
 }

@@ -65,8 +65,7 @@ TEST_F(ClusterTest, AnswersThePromptAndHandsOnWholeLines) {
     EXPECT_EQ(lines[1], "Hello UA3ABC, this is RU3AA-7 in Moscow");
     const auto first = parseSpotLine(lines[3]);
     ASSERT_TRUE(first.has_value()) << lines[3].toStdString();
-    EXPECT_EQ(first->call, "UA3ABC");
-    EXPECT_EQ(first->time, "1405Z");
+    EXPECT_EQ(first->call + " " + first->time, "UA3ABC 1405Z");
     const auto skimmer = parseSpotLine(lines[4]);
     ASSERT_TRUE(skimmer.has_value()) << lines[4].toStdString();
     EXPECT_EQ(skimmer->comment, "CW 24 dB 28 WPM CQ");

@@ -11,8 +11,6 @@ using namespace hfc;
 using hfc::test::readFile;
 using hfc::test::writeFile;
 
-namespace {} // namespace
-
 TEST(Codepage, Win1251AndCp866Bytes) {
     // "АЯаяЁё№р" in the published tables of both code pages.
     const QString text = QString::fromUtf8("АЯаяЁё№р");

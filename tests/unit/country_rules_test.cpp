@@ -25,19 +25,13 @@ TEST(CallPrefix, CallsWithoutADigitGetZero) {
 }
 
 TEST(CallPrefix, SlashRules) {
-    EXPECT_EQ(callPrefix("F/UA3ABC"), "F0"); // "/" as second character
-    EXPECT_EQ(callPrefix("F/"), "F0");
-    EXPECT_EQ(callPrefix("PA/N8BJQ"), "PA0");
-    EXPECT_EQ(callPrefix("OH2/UA3ABC"), "OH2");
-    EXPECT_EQ(callPrefix("K1ABC/VP9"), "VP9");
-    EXPECT_EQ(callPrefix("UA3ABC/9"), "UA9");
-    EXPECT_EQ(callPrefix("LY2000X/1"), "LY1");
-    EXPECT_EQ(callPrefix("UA3ABC/P"), "UA3");
-    EXPECT_EQ(callPrefix("UA3ABC/QRP"), "UA3");
-    EXPECT_EQ(callPrefix("UA3ABC/MM"), "UA3");
-    EXPECT_EQ(callPrefix("UA3ABC/"), "UA3"); // still typing
-    EXPECT_EQ(callPrefix("DL/HB9DQJ/LH"), "DL0");
-    EXPECT_EQ(callPrefix("OH2/UA3ABC/P"), "OH2");
+    // "F/": "/" as second character; "UA3ABC/": still typing
+    const std::pair<const char*, const char*> cases[] = {
+        {"F/UA3ABC", "F0"},     {"F/", "F0"},         {"PA/N8BJQ", "PA0"},  {"OH2/UA3ABC", "OH2"},
+        {"K1ABC/VP9", "VP9"},   {"UA3ABC/9", "UA9"},  {"LY2000X/1", "LY1"}, {"UA3ABC/P", "UA3"},
+        {"UA3ABC/QRP", "UA3"},  {"UA3ABC/MM", "UA3"}, {"UA3ABC/", "UA3"},   {"DL/HB9DQJ/LH", "DL0"},
+        {"OH2/UA3ABC/P", "OH2"}};
+    for (const auto& [call, prefix] : cases) EXPECT_EQ(callPrefix(call), prefix) << call;
 }
 
 TEST(RussianAreas, SlashSuffixDecidesAndOtherwiseTheCtyDatRowStands) {
@@ -64,28 +58,24 @@ TEST(RussianAreas, SlashSuffixDecidesAndOtherwiseTheCtyDatRowStands) {
     for (const Case& c : cases) {
         QString pref = c.pref, kont = c.kont;
         refineRussianArea(c.call, pref, kont);
-        EXPECT_EQ(pref, c.wantPref) << c.call;
-        EXPECT_EQ(kont, c.wantKont) << c.call;
+        EXPECT_EQ(pref + " " + kont, QString(c.wantPref) + " " + c.wantKont) << c.call;
     }
 }
 
 TEST(RussianAreas, DistrictKeyIsTheAreaDigitAndTheLetterAfterIt) {
-    EXPECT_EQ(russianDistrictKey("RA3ABC"), "3A");
-    EXPECT_EQ(russianDistrictKey("R3ABC"), "3A");
-    EXPECT_EQ(russianDistrictKey("UA9XAA"), "9X");
-    EXPECT_EQ(russianDistrictKey("UA0QBR"), "0Q");
-    EXPECT_EQ(russianDistrictKey("UA3"), "");  // three characters: no key
-    EXPECT_EQ(russianDistrictKey("RAEM"), ""); // no digit
+    // UA3: three characters, no key; RAEM: no digit
+    const std::pair<const char*, const char*> cases[] = {{"RA3ABC", "3A"}, {"R3ABC", "3A"},
+                                                         {"UA9XAA", "9X"}, {"UA0QBR", "0Q"},
+                                                         {"UA3", ""},      {"RAEM", ""}};
+    for (const auto& [call, key] : cases) EXPECT_EQ(russianDistrictKey(call), key) << call;
 }
 
 TEST(CqmAreas, OwnMultiplierAreasAndTheRest) {
-    EXPECT_EQ(cqmPrefix("UA4SAA", "UA"), "UA4S");
-    EXPECT_EQ(cqmPrefix("RA4YA", "UA"), "UA4Y");
-    EXPECT_EQ(cqmPrefix("UA4AAA", "UA"), "UA");
-    EXPECT_EQ(cqmPrefix("UA9XAA", "UA9"), "UA9X");
-    EXPECT_EQ(cqmPrefix("UA0YAA", "UA9"), "UA0Y");
-    EXPECT_EQ(cqmPrefix("UA0AAA", "UA9"), "UA9");
-    EXPECT_EQ(cqmPrefix("UA4", "UA"), "UA");
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"UA4SAA", "UA", "UA4S"},  {"RA4YA", "UA", "UA4Y"},   {"UA4AAA", "UA", "UA"},
+        {"UA9XAA", "UA9", "UA9X"}, {"UA0YAA", "UA9", "UA0Y"}, {"UA0AAA", "UA9", "UA9"},
+        {"UA4", "UA", "UA"}};
+    for (const auto& [call, pref, want] : cases) EXPECT_EQ(cqmPrefix(call, pref), want) << call;
 }
 
 TEST(EuropeanList, PaddedThreeCharacterEntries) {

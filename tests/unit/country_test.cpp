@@ -66,11 +66,10 @@ TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
     form->contestcode = "rudx";
     resolve("RA3AA");
     EXPECT_EQ(form->kodsrr, "MA");
-    EXPECT_EQ(text("txtrstr"), "MA");
-    resolve("UA9XAA");
-    EXPECT_EQ(text("txtrstr"), "KO");
-    resolve("DL1ABC");
-    EXPECT_EQ(text("txtrstr"), "");
+    for (const auto& [call, code] : {std::pair{"RA3AA", "MA"}, {"UA9XAA", "KO"}, {"DL1ABC", ""}}) {
+        resolve(call);
+        EXPECT_EQ(text("txtrstr"), code) << call;
+    }
     // another contest leaves the exchange alone
     form->contestcode = "cqww";
     form->txtrstr->setText("");
@@ -79,16 +78,14 @@ TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
 }
 
 TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
-    form->contestcode = "cqm";
-    resolve("UA4SAA");
-    EXPECT_EQ(form->callpref, "UA4S");
-    resolve("UA4AAA");
-    EXPECT_EQ(form->callpref, "UA");
-    resolve("RA9XAA");
-    EXPECT_EQ(form->callpref, "UA9X");
-    form->contestcode = "cqww";
-    resolve("UA4SAA");
-    EXPECT_EQ(form->callpref, "UA");
+    for (const auto& [contest, call, pref] : {std::tuple{"cqm", "UA4SAA", "UA4S"},
+                                              {"cqm", "UA4AAA", "UA"},
+                                              {"cqm", "RA9XAA", "UA9X"},
+                                              {"cqww", "UA4SAA", "UA"}}) {
+        form->contestcode = contest;
+        resolve(call);
+        EXPECT_EQ(form->callpref, pref) << contest << " " << call;
+    }
 }
 
 // UBA's points by the European list are in its scoring table.

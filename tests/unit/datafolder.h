@@ -41,6 +41,16 @@ inline QMap<QString, QByteArray> folderBytes(const QString& folder) {
     return out;
 }
 
+// Start-up refuses the folder with a message holding every one of parts and leaves its files
+// byte for byte as they were.
+inline ::testing::AssertionResult refusedAsIs(const QString& folder, const QStringList& parts) {
+    const auto before = folderBytes(folder);
+    if (auto said = holds(openError(folder), parts); !said) return said;
+    if (folderBytes(folder) != before)
+        return ::testing::AssertionFailure() << "files changed in " << folder.toStdString();
+    return ::testing::AssertionSuccess();
+}
+
 inline void overwrite(const QString& path, qint64 at, const QByteArray& bytes) {
     QFile f(path);
     ASSERT_TRUE(f.open(QIODevice::ReadWrite));

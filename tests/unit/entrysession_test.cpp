@@ -112,9 +112,8 @@ TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
     type("DL1ABC");
     s->draft().rcvdExchange = "14", s->draft().points = "3";
     EXPECT_THROW(s->commit(), DbError);
-    EXPECT_EQ(s->draft().call, "DL1ABC");
-    EXPECT_EQ(s->draft().rcvdExchange, "14");
-    EXPECT_EQ(s->draft().points, "3");
+    EXPECT_EQ(QStringList({s->draft().call, s->draft().rcvdExchange, s->draft().points}),
+              QStringList({"DL1ABC", "14", "3"}));
     EXPECT_EQ(db.contest.scalar("SELECT count(*) FROM tbllog"), "0");
 
     db.contest.exec("DROP TRIGGER refuse");
@@ -143,11 +142,9 @@ TEST_F(EntrySessionTest, AfterACommitTheNextQsoKeepsBandModeAndWhatWasSent) {
     s->draft().sentExchange = "15", s->draft().rcvdExchange = "14";
     s->commit();
     s->next();
-    EXPECT_EQ(s->draft().call, "");
-    EXPECT_EQ(s->draft().rcvdExchange, "");
-    EXPECT_EQ(s->draft().band, "14");
-    EXPECT_EQ(s->draft().mode, "CW");
-    EXPECT_EQ(s->draft().sentExchange, "15");
+    const QsoDraft& d = s->draft();
+    EXPECT_EQ(QStringList({d.call, d.rcvdExchange, d.band, d.mode, d.sentExchange}),
+              QStringList({"", "", "14", "CW", "15"}));
 }
 
 } // namespace

@@ -71,18 +71,14 @@ TEST_F(ExchangeCheck, AnOblastAddedToTheDistrictTableIsAccepted) {
 
 TEST_F(ExchangeCheck, ChampionshipCountsTheFirstCorrespondentOfAZoneEachHour) {
     select("mnuchemp");
-    at("12:10");
-    typeCall("RA3BB");
-    form->typeText("\r3\r001\r");
-    at("12:20");
-    typeCall("RA6CC");
-    form->typeText("\r3\r002\r");
-    at("12:25");
-    typeCall("RA9DD");
-    form->typeText("\r5\r003\r");
-    at("13:05");
-    typeCall("RA6EE");
-    form->typeText("\r3\r004\r");
+    for (const auto& [time, call, exchange] : {std::tuple{"12:10", "RA3BB", "\r3\r001\r"},
+                                               {"12:20", "RA6CC", "\r3\r002\r"},
+                                               {"12:25", "RA9DD", "\r5\r003\r"},
+                                               {"13:05", "RA6EE", "\r3\r004\r"}}) {
+        at(time);
+        typeCall(call);
+        form->typeText(exchange);
+    }
     EXPECT_EQ(db.contest.column("SELECT point2 FROM tbllog ORDER BY rowid"),
               QStringList({"1", "0", "1", "1"}));
 }

@@ -4,6 +4,7 @@
 #include "forms/clock.h"
 #include "forms/contest/contestform.h"
 #include "script/scriptedui.h"
+#include "testfiles.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -53,6 +54,12 @@ struct FormFixture : ::testing::Test {
                        {call, band, contest, mult, ps, point, ttime, ddate});
     }
     QString text(const QString& control) { return form->control(control)->text(); }
+    // Several controls' texts joined by "|": a line of boxes checked at once.
+    QString texts(const QStringList& controls) {
+        QStringList out;
+        for (const QString& c : controls) out << text(c);
+        return out.join('|');
+    }
 };
 
 } // namespace hfc::test

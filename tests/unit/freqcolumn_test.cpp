@@ -5,6 +5,7 @@
 #include "reports/standard/adif3.h"
 #include "reports/standard/cabrillo3.h"
 #include "reports/standard/qsofields.h"
+#include "testfiles.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -47,16 +48,8 @@ TEST(FreqColumn, OlderLogOpensAndGetsTheColumnWithItsRowsKept) {
 TEST(FreqColumn, FilesTakeTheFrequencyOnlyWhereItFitsTheLoggedBand) {
     const auto row = [](const char* call, const char* band, const char* freq, const char* time) {
         LogRow r;
-        r.ccall = call;
-        r.bband = band;
-        r.freq = freq;
-        r.ddate = "28.11.26";
-        r.ttime = time;
-        r.ps1 = "CW";
-        r.ps2 = "cqww";
-        r.rsts1 = r.rstr1 = "599";
-        r.rsts2 = "16";
-        r.rstr2 = "14";
+        r.ccall = call, r.bband = band, r.freq = freq, r.ddate = "28.11.26", r.ttime = time;
+        r.ps1 = "CW", r.ps2 = "cqww", r.rsts1 = r.rstr1 = "599", r.rsts2 = "16", r.rstr2 = "14";
         return r;
     };
     const QList<LogRow> rows = {
@@ -79,8 +72,7 @@ TEST(FreqColumn, FilesTakeTheFrequencyOnlyWhereItFitsTheLoggedBand) {
     EXPECT_EQ(freqs, (QStringList{"14025", "14000", "14000", "29699", " 7000", "  sat"}));
 
     const QString adif = QString::fromLatin1(adif3File({}, rows));
-    EXPECT_TRUE(adif.contains("<FREQ:7>14.0256")) << adif.toStdString();
-    EXPECT_TRUE(adif.contains("<FREQ:7>29.6999")) << adif.toStdString();
+    EXPECT_TRUE(hfc::test::holds(adif, {"<FREQ:7>14.0256", "<FREQ:7>29.6999"}));
     EXPECT_EQ(adif.count("<FREQ:"), 2);
     // the band keeps coming from the logged band
     EXPECT_EQ(adif.count("<BAND:3>20m"), 3);
@@ -88,8 +80,6 @@ TEST(FreqColumn, FilesTakeTheFrequencyOnlyWhereItFitsTheLoggedBand) {
 
 TEST(FreqColumn, AdifFrequencyDropsOnlyATrailingZero) {
     LogRow r;
-    r.ccall = "DL1ABC";
-    r.bband = "21";
-    r.freq = "21025.0";
+    r.ccall = "DL1ABC", r.bband = "21", r.freq = "21025.0";
     EXPECT_TRUE(QString::fromLatin1(adif3File({}, {r})).contains("<FREQ:6>21.025 "));
 }

@@ -259,13 +259,12 @@ TEST_F(WinkeyerTest, HostOpenSpeedTextStatusClearAndClose) {
 }
 
 TEST_F(WinkeyerTest, ASilentOrMissingDeviceIsReported) {
-    WinKeyer silent(keyerSide);
-    silent.setErrorHandler([this](const QString& m) { errors << m; });
-    silent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    WinKeyer silent(keyerSide), missing(dir.filePath("none"));
+    for (WinKeyer* k : {&silent, &missing}) {
+        k->setErrorHandler([this](const QString& m) { errors << m; });
+        k->send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
+    }
     EXPECT_EQ(readBytes(device.get(), 2, 1000), QByteArray("\x00\x02", 2));
-    WinKeyer missing(dir.filePath("none"));
-    missing.setErrorHandler([this](const QString& m) { errors << m; });
-    missing.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
     EXPECT_EQ(errors, (QStringList{"Winkeyer не отвечает на " + keyerSide,
                                    "Winkeyer: не открывается " + dir.filePath("none")}));
 }
@@ -316,17 +315,16 @@ TEST_F(KeyerChoiceTest, CwdaemonKeysAndTheSerialPortStaysOut) {
 }
 
 TEST_F(KeyerChoiceTest, ADeviceThatFailsSaysWhichNotPortBusy) {
-    settings.keyerBackend = "winkeyer";
     settings.winkeyer = "/nonexistent/ttyWK";
-    ui.queueAnswer(Ui::Answer::Ok);
-    form->pressKey(113);
-    EXPECT_EQ(shown(),
-              QStringList{"msgbox\tWinkeyer: не открывается /nonexistent/ttyWK\tОшибка !!!\tok"});
-    settings.keyerBackend = "rigctld";
     settings.rigctld = "localhost";
-    ui.queueAnswer(Ui::Answer::Ok);
-    form->pressKey(113);
-    EXPECT_EQ(shown(), QStringList{"msgbox\tНеверный адрес rigctld: localhost\tОшибка !!!\tok"});
+    for (const auto& [backend, said] :
+         {std::pair{"winkeyer", "Winkeyer: не открывается /nonexistent/ttyWK"},
+          {"rigctld", "Неверный адрес rigctld: localhost"}}) {
+        settings.keyerBackend = backend;
+        ui.queueAnswer(Ui::Answer::Ok);
+        form->pressKey(113);
+        EXPECT_EQ(shown(), QStringList{QString("msgbox\t%1\tОшибка !!!\tok").arg(said)});
+    }
     EXPECT_TRUE(port.takeEvents().empty());
 }
 

@@ -10,6 +10,9 @@ using hfc::test::FormFixture;
 namespace {
 
 const QStringList Bands = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
+const char* const Sum = "SELECT SUM(CAST(%1 AS INTEGER)) FROM tbllog WHERE bband = ?1 AND ps2 = ?2";
+const char* const Distinct =
+    "SELECT DISTINCT %1 FROM tbllog WHERE bband = ?1 AND length(%1) > 0 AND ps2 = ?2";
 
 struct LogTallyTest : FormFixture {
     QRandomGenerator rng{20021130};
@@ -25,36 +28,22 @@ struct LogTallyTest : FormFixture {
             const QStringList p{band, contest};
             const qint64 qb = db.contest.count(
                 "SELECT ccall FROM tbllog WHERE bband = ?1 AND ccall <> '\"' AND ps2 = ?2", p);
-            qint64 mb, m1b;
-            if (chemp) {
-                mb = db.contest
-                         .scalar("SELECT SUM(CAST(point AS INTEGER)) FROM tbllog "
-                                 "WHERE bband = ?1 AND ps2 = ?2",
-                                 p)
-                         .toLongLong();
-                m1b = db.contest
-                          .scalar("SELECT SUM(CAST(point2 AS INTEGER)) FROM tbllog "
-                                  "WHERE bband = ?1 AND ps2 = ?2",
-                                  p)
-                          .toLongLong();
-            } else {
-                mb = db.contest.count("SELECT DISTINCT mult FROM tbllog WHERE bband = ?1 "
-                                      "AND length(mult) > 0 AND ps2 = ?2",
-                                      p);
-                m1b = db.contest.count("SELECT DISTINCT ps FROM tbllog WHERE bband = ?1 "
-                                       "AND length(ps) > 0 AND ps2 = ?2",
-                                       p);
-            }
+            const auto sum = [&](const char* col) {
+                return db.contest.scalar(QString(Sum).arg(col), p).toLongLong();
+            };
+            const auto distinct = [&](const char* col) {
+                return db.contest.count(QString(Distinct).arg(col), p);
+            };
+            const qint64 mb = chemp ? sum("point") : distinct("mult");
+            const qint64 m1b = chemp ? sum("point2") : distinct("ps");
             out << QString("%1/%2/%3").arg(qb).arg(mb).arg(m1b);
-            q += qb;
-            m += mb;
-            m1 += m1b;
+            q += qb, m += mb, m1 += m1b;
         }
-        if (contest == "lzo" || contest == "bal") {
-            const QString s = db.contest.scalar(
-                "SELECT SUM(CAST(point AS INTEGER)) FROM tbllog WHERE ps2 = ?1", {contest});
-            m = s.toLongLong();
-        }
+        if (contest == "lzo" || contest == "bal")
+            m = db.contest
+                    .scalar("SELECT SUM(CAST(point AS INTEGER)) FROM tbllog WHERE ps2 = ?1",
+                            {contest})
+                    .toLongLong();
         out << QString("total %1/%2/%3").arg(q).arg(m).arg(m1);
         out << "serial count " +
                    QString::number(db.contest.count(

@@ -4,6 +4,7 @@
 // between its commit and its publish still delivers; a late joiner gets the whole log.
 #include "../support/freeport.h"
 #include "rigctld.h"
+#include "testfiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,6 +24,7 @@
 namespace {
 
 using hfc::test::freePort;
+using hfc::test::holds;
 
 bool accepting(quint16 port) {
     const int s = ::socket(AF_INET, SOCK_STREAM, 0);
@@ -131,7 +133,9 @@ struct Computer {
 const QString Start = "clock 2024-11-23T03:00:00 2024-11-23T00:00:00\n"
                       "call Timer1_Timer\ninput 16\ncall mnucqww_Click\n"
                       "key 39\nkey 39\ntype \\r\n";
-const QString LogRows = "sql contest SELECT ccall, bband, rstr2, ps2 FROM tbllog ORDER BY ccall\n";
+// The log's rows after a "--" line.
+const QString Dump = "sql contest SELECT '--'\nsql contest SELECT ccall, bband, rstr2, ps2 FROM "
+                     "tbllog ORDER BY ccall\n";
 
 QString qso(const QString& call) {
     return "type " + call + "\\r\ntype \\r\n";
@@ -144,55 +148,51 @@ std::string after(const QString& out, const QString& marker = "--\n") {
                   : out.mid(at + marker.size()).toStdString();
 }
 
+// A broker running, and a folder for the computers.
+struct MultiOpBroker : ::testing::Test {
+    Broker broker;
+    QTemporaryDir base;
+    void SetUp() override { ASSERT_TRUE(broker.start()); }
+};
+
 } // namespace
 
-TEST(MultiOpBroker, QsosEditsAndDeletesCrossOverAndALateJoinerGetsTheWholeLog) {
-    Broker broker;
-    ASSERT_TRUE(broker.start());
-    QTemporaryDir base;
+TEST_F(MultiOpBroker, QsosEditsAndDeletesCrossOverAndALateJoinerGetsTheWholeLog) {
     Computer run("run", base.path(), broker.port), mult("mult", base.path(), broker.port);
-    run.start(
-        Start + qso("dl1abc") + qso("f5xyz") + "print TXTRSTS2.text\nwait 5000\n" +
-        // mult's QSO has come over: a repeat here, and counted in the totals
-        "type ok1rr\nprint txtrepit.text\nprint txtrepit.visible\n"
-        "print qsotot.text\ncall nextserial\nprint TXTRSTS2.text\n"
-        "call DBGrid3_Edit 0 Принят 16\nwait 2000\nprint DBGrid3.rows\nsql contest SELECT '--'\n" +
-        LogRows);
+    run.start(Start + qso("dl1abc") + qso("f5xyz") + "print TXTRSTS2.text\nwait 5000\n" +
+              // mult's QSO has come over: a repeat here, and counted in the totals
+              "type ok1rr\nprint txtrepit.text\nprint txtrepit.visible\n"
+              "print qsotot.text\ncall nextserial\nprint TXTRSTS2.text\n"
+              "call DBGrid3_Edit 0 Принят 16\nwait 2000\nprint DBGrid3.rows\n" +
+              Dump);
     ASSERT_TRUE(run.waitFor("TXTRSTS2.text=2"));
     // run's two QSOs come in first; mult deletes the second from its grid
     mult.start(Start + "wait 1500\n" + qso("ok1rr") +
-               "call refreshLogGrid\ncall DBGrid3_Delete 1\nwait 6000\nsql contest SELECT '--'\n" +
-               LogRows);
+               "call refreshLogGrid\ncall DBGrid3_Delete 1\nwait 6000\n" + Dump);
     const QString runOut = run.finish(), multOut = mult.finish();
-    EXPECT_TRUE(runOut.contains("txtrepit.text=Повтор\ntxtrepit.visible=true\n"))
-        << runOut.toStdString();
-    // F5XYZ deleted on mult, OK1RR logged there
-    EXPECT_TRUE(runOut.contains("qsotot.text=2\n")) << runOut.toStdString();
-    // each transmitter numbers its own QSOs: only DL1ABC is run's now
-    EXPECT_TRUE(runOut.contains("TXTRSTS2.text=1\n")) << runOut.toStdString();
-    // the grid's last column names the computer that logged the row
-    EXPECT_TRUE(runOut.contains("\tmult\n")) << runOut.toStdString();
+    // qsotot: F5XYZ deleted on mult, OK1RR logged there; TXTRSTS2: each transmitter numbers
+    // its own QSOs, only DL1ABC is run's now; the grid's last column names the computer that
+    // logged the row
+    EXPECT_TRUE(holds(runOut, {"txtrepit.text=Повтор\ntxtrepit.visible=true\n", "qsotot.text=2\n",
+                               "TXTRSTS2.text=1\n", "\tmult\n"}));
     const std::string want = "DL1ABC\t7\t16\tcqww\nOK1RR\t7\t15\tcqww\n";
     EXPECT_EQ(after(runOut), want);
     EXPECT_EQ(after(multOut), want);
 
     // A third computer, never seen before, catches up by subscribing.
     Computer late("late", base.path(), broker.port);
-    EXPECT_EQ(after(late.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)), want);
+    EXPECT_EQ(after(late.run("wait 2000\n" + Dump)), want);
     // A computer of another log hears none of it.
     Computer other("other", base.path(), broker.port, "another");
-    EXPECT_EQ(after(other.run("wait 1500\nsql contest SELECT '--'\n" + LogRows)), "");
+    EXPECT_EQ(after(other.run("wait 1500\n" + Dump)), "");
 }
 
-TEST(MultiOpBroker, APartitionConvergesWhenTheBrokerReturns) {
-    Broker broker;
-    ASSERT_TRUE(broker.start());
-    QTemporaryDir base;
+TEST_F(MultiOpBroker, APartitionConvergesWhenTheBrokerReturns) {
     Computer a("a", base.path(), broker.port), b("b", base.path(), broker.port);
     a.start(Start + qso("dl1abc") + "wait 2000\n" + qso("f5xyz") + qso("ok1rr") +
-            "wait 8000\nprint lblstation.text\nsql contest SELECT '--'\n" + LogRows);
+            "wait 8000\nprint lblstation.text\n" + Dump);
     b.start(Start + qso("sp9xx") + "wait 2000\n" + qso("ua3abc") +
-            "wait 8000\nprint lblstation.text\nsql contest SELECT '--'\n" + LogRows);
+            "wait 8000\nprint lblstation.text\n" + Dump);
     QThread::msleep(1500);
     broker.stop(); // both keep logging alone
     QThread::msleep(2500);
@@ -204,9 +204,8 @@ TEST(MultiOpBroker, APartitionConvergesWhenTheBrokerReturns) {
         << aOut.toStdString() << bOut.toStdString() << brokerLog(broker);
 }
 
-TEST(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) {
-    Broker broker; // not running: the commit cannot be published
-    QTemporaryDir base;
+TEST_F(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) {
+    broker.stop(); // the commit cannot be published
     Computer a("a", base.path(), broker.port);
     a.start(Start + qso("dl1abc") + "print TXTRSTS2.text\nwait 30000\n");
     ASSERT_TRUE(a.waitFor("TXTRSTS2.text=1"));
@@ -222,14 +221,10 @@ TEST(MultiOpBroker, AComputerKilledBetweenCommitAndPublishDeliversAfterRestart) 
     broker.stop();
     ASSERT_TRUE(broker.start());
     Computer b("b", base.path(), broker.port);
-    EXPECT_EQ(after(b.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)),
-              "DL1ABC\t7\t14\tcqww\n");
+    EXPECT_EQ(after(b.run("wait 2000\n" + Dump)), "DL1ABC\t7\t14\tcqww\n");
 }
 
-TEST(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
-    Broker broker;
-    ASSERT_TRUE(broker.start());
-    QTemporaryDir base;
+TEST_F(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
     Computer a("a", base.path(), broker.port);
     a.run(Start + qso("dl1abc") + "wait 2500\n");
     // A new broker computer, or one without persistence: nothing retained.
@@ -238,18 +233,14 @@ TEST(MultiOpBroker, ABrokerThatLostTheLogIsFilledAgainByTheComputers) {
     ASSERT_TRUE(broker.start());
     a.run("wait 3000\n");
     Computer late("late", base.path(), broker.port);
-    EXPECT_EQ(after(late.run("wait 2000\nsql contest SELECT '--'\n" + LogRows)),
-              "DL1ABC\t7\t14\tcqww\n");
+    EXPECT_EQ(after(late.run("wait 2000\n" + Dump)), "DL1ABC\t7\t14\tcqww\n");
 }
 
 // The station panel shows where another computer's radio is: the frequency of run's real (dummy)
 // radio reaches mult's panel with run's band, mode and last QSO.
-TEST(MultiOpBroker, TheStationPanelShowsTheOtherComputersFrequency) {
-    Broker broker;
-    ASSERT_TRUE(broker.start());
+TEST_F(MultiOpBroker, TheStationPanelShowsTheOtherComputersFrequency) {
     hfc::test::Rigctld rig;
     ASSERT_TRUE(rig.start());
-    QTemporaryDir base;
     Computer run("run", base.path(), broker.port, "field",
                  "[rig]\nrigctld=" + rig.address() + "\n");
     Computer mult("mult", base.path(), broker.port);
@@ -260,17 +251,12 @@ TEST(MultiOpBroker, TheStationPanelShowsTheOtherComputersFrequency) {
     const QRegularExpression freq("lblfreq.text=(\\d+\\.\\d)\n");
     const QRegularExpressionMatch m = freq.match(runOut);
     ASSERT_TRUE(m.hasMatch()) << runOut.toStdString();
-    EXPECT_TRUE(multOut.contains("run в сети 7 CW " + m.captured(1) + " кГц "))
-        << multOut.toStdString();
-    EXPECT_TRUE(multOut.contains(" DL1ABC 00:00")) << multOut.toStdString();
+    EXPECT_TRUE(holds(multOut, {"run в сети 7 CW " + m.captured(1) + " кГц ", " DL1ABC 00:00"}));
 }
 
 // WAE wants one serial sequence for the station: numbers come from blocks each computer
 // reserved through the broker, so none is sent twice, also while the broker is away.
-TEST(MultiOpBroker, AStationWideSequenceNeverSendsANumberTwice) {
-    Broker broker;
-    ASSERT_TRUE(broker.start());
-    QTemporaryDir base;
+TEST_F(MultiOpBroker, AStationWideSequenceNeverSendsANumberTwice) {
     Computer a("a", base.path(), broker.port), b("b", base.path(), broker.port);
     const QString wae = "clock 2024-11-23T03:00:00 2024-11-23T00:00:00\n"
                         "call Timer1_Timer\ncall mnuwae_Click\nkey 39\nkey 39\ntype \\r\n"

@@ -41,12 +41,10 @@ QString logWithBackup(const QString& data, const QString& backupFolder, const QS
 }
 
 int restore(const QStringList& args, QString& out, QString& err) {
-    out.clear();
-    err.clear();
+    out.clear(), err.clear();
     QTextStream so(&out), se(&err);
     const int code = runRestoreCommand(args, so, se);
-    so.flush();
-    se.flush();
+    so.flush(), se.flush();
     return code;
 }
 
@@ -75,10 +73,8 @@ TEST_F(RestoreTest, TheMenuPutsTheBackupInPlaceAndSavesTheLogFirst) {
     form->call("mnurestore_Click", {});
     const QStringList shown = ui.takeShown();
     ASSERT_EQ(shown.size(), 3) << shown.join('\n').toStdString();
-    EXPECT_TRUE(shown[1].startsWith("msgbox\tВосстановить журнал из копии «" + backup));
-    EXPECT_TRUE(shown[2].contains("Журнал восстановлен из копии") &&
-                shown[2].contains("Прежний журнал сохранён"))
-        << shown[2].toStdString();
+    EXPECT_TRUE(holds(shown[1], {"^msgbox\tВосстановить журнал из копии «" + backup}));
+    EXPECT_TRUE(holds(shown[2], {"Журнал восстановлен из копии", "Прежний журнал сохранён"}));
     EXPECT_EQ(calls(db.contest), QStringList({"DL1AA", "DL2BB"}));
     EXPECT_EQ(db.contest.scalar("PRAGMA journal_mode"), "wal");
     // the log as it was is among the backups, and the window counts the restored one
@@ -132,8 +128,7 @@ TEST_F(RestoreTest, NoAnswerOrABadFileLeavesTheLogAsItIs) {
     ui.queueAnswer(Ui::Answer::Ok);
     form->call("mnurestore_Click", {});
     const QStringList shown = ui.takeShown();
-    EXPECT_TRUE(shown.last().contains("не годится") && shown.last().contains("notes.sqlite"))
-        << shown.last().toStdString();
+    EXPECT_TRUE(holds(shown.last(), {"не годится", "notes.sqlite"}));
     EXPECT_EQ(calls(db.contest), QStringList({"DL1AA"}));
     EXPECT_FALSE(QDir(backupFolder()).exists());
     EXPECT_EQ(readFile(notDb), "not a database at all, just some text");
@@ -149,7 +144,7 @@ TEST(RestoreCommand, TheBackupWinsOverAStaleWalLeftByACrash) {
 
     QString out, err;
     EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 0) << err.toStdString();
-    EXPECT_TRUE(out.startsWith("Журнал восстановлен из копии «" + backup)) << out.toStdString();
+    EXPECT_TRUE(holds(out, {"^Журнал восстановлен из копии «" + backup}));
     OpenedData db(data);
     EXPECT_EQ(calls(db.contest), QStringList({"DL1AA", "DL2BB"}));
     // what the crash had logged is in the copy saved before the restore
@@ -168,7 +163,7 @@ TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
     QString out, err;
     EXPECT_EQ(restore({"--data-dir", data}, out, err), 2);
     EXPECT_EQ(restore({"--data-dir", data, dir.path() + "/absent.sqlite"}, out, err), 1);
-    EXPECT_TRUE(err.contains("absent.sqlite") && err.contains("не найден")) << err.toStdString();
+    EXPECT_TRUE(holds(err, {"absent.sqlite", "не найден"}));
 
     // a damaged backup
     const QString damaged = dir.path() + "/damaged.sqlite";
@@ -176,13 +171,13 @@ TEST(RestoreCommand, RefusesWhatItCannotUseAndChangesNothing) {
     bytes.replace(4096, 4096, QByteArray(4096, '\x5a'));
     writeFile(damaged, bytes);
     EXPECT_EQ(restore({"--data-dir", data, damaged}, out, err), 1);
-    EXPECT_TRUE(err.contains("damaged.sqlite") && err.contains("повреждён")) << err.toStdString();
+    EXPECT_TRUE(holds(err, {"damaged.sqlite", "повреждён"}));
 
     // the logger running on the folder
     {
         OpenedData running(data);
         EXPECT_EQ(restore({"--data-dir", data, backup}, out, err), 1);
-        EXPECT_TRUE(err.contains("используется другой")) << err.toStdString();
+        EXPECT_TRUE(holds(err, {"используется другой"}));
     }
     EXPECT_EQ(readFile(data + "/dbcontest.sqlite"), log);
     EXPECT_FALSE(QDir(data + "/backup").exists());

@@ -40,10 +40,7 @@ TEST(Rates, LastHourAndLastTenFromTheTimesOfTheLog) {
 TEST(Hourly, QsosPerHourAndBandWithTheQuietHoursBetween) {
     const auto row = [](const char* call, const char* band, const char* date, const char* time) {
         LogRow r;
-        r.ccall = call;
-        r.bband = band;
-        r.ddate = date;
-        r.ttime = time;
+        r.ccall = call, r.bband = band, r.ddate = date, r.ttime = time;
         return r;
     };
     const QList<HourRow> h = qsosByHour(
@@ -52,9 +49,7 @@ TEST(Hourly, QsosPerHourAndBandWithTheQuietHoursBetween) {
          row("JA1A", "7", "bad", "14:10"), row("W1AW", "28", "05.12.02", "10:00")});
     ASSERT_EQ(h.size(), 4); // 12, 13 (quiet), 14, then days later without the empty hours
     EXPECT_EQ(h[0].hour, "30.11.02 12");
-    EXPECT_EQ(h[0].perBand[3], 2);
-    EXPECT_EQ(h[0].total, 2);
-    EXPECT_EQ(h[1].total, 0);
+    EXPECT_EQ(QList({h[0].perBand[3], h[0].total, h[1].total}), QList({2, 2, 0}));
     EXPECT_EQ(h[2].perBand[4], 1);
     EXPECT_EQ(h[3].hour, "05.12.02 10");
 }
@@ -100,10 +95,9 @@ TEST_F(EntryFixture, LogCheckListsRepeatsAndRefusedExchangesInAWindow) {
                     "('K1ZZ', '14', 'cqww', '12:03', '30.11.02', '599', '99', 'CW')");
     form->fire("mnuprow_Click");
     const QString report = form->subForm("prow")->control("txtprow")->text();
-    EXPECT_TRUE(report.contains("Повторы: 1")) << report.toStdString();
-    EXPECT_TRUE(report.contains("12:01 DL1ABC 14: повтор QSO в 12:00 — не отмечен DUPE"));
-    EXPECT_TRUE(report.contains("Обмен, не прошедший проверку: 1"));
-    EXPECT_TRUE(report.contains("K1ZZ 14: обмен «99» не проходит проверку"));
+    EXPECT_TRUE(holds(
+        report, {"Повторы: 1", "12:01 DL1ABC 14: повтор QSO в 12:00 — не отмечен DUPE",
+                 "Обмен, не прошедший проверку: 1", "K1ZZ 14: обмен «99» не проходит проверку"}));
 }
 
 TEST_F(EntryFixture, ContestFinderArrowsWalkTheListAndEnterTakesTheirEntry) {
@@ -133,7 +127,6 @@ TEST_F(EntryFixture, AfterAClearingTheGridsShowTheLogAsItIs) {
     ASSERT_EQ(form->DBGrid1->rowCount(), 1u);
     ui.queueAnswer(Ui::Answer::Yes);
     form->fire("mnudelet_Click");
-    EXPECT_EQ(form->DBGrid3->rowCount(), 0u);
-    EXPECT_EQ(form->DBGrid1->rowCount(), 0u);
+    EXPECT_EQ(form->DBGrid3->rowCount() + form->DBGrid1->rowCount(), 0u);
     EXPECT_FALSE(marked());
 }

@@ -49,16 +49,13 @@ TEST_F(RaemTest, SpecialStationAndRepeats) {
 using SacTest = FormFixture;
 
 TEST_F(SacTest, SacZeroesThePointsAndLeavesTheMultiplier) {
-    form->contestcode = "sac";
-    form->curband = "14";
-    form->callpref = "OH";
+    form->contestcode = "sac", form->curband = "14", form->callpref = "OH";
     form->txtcall->setText("OH2XX");
     form->setPoints("1");
     form->setMult("untouched");
     form->sacarea = 4;
     form->call("SAC", {});
-    EXPECT_EQ(text("txtpoint"), "0");
-    EXPECT_EQ(text("txtmult"), "untouched");
+    EXPECT_EQ(texts({"txtpoint", "txtmult"}), "0|untouched");
     EXPECT_EQ(form->sacarea, 0);
 }
 

@@ -33,14 +33,9 @@ QList<LogRow> fixtureLog() {
 StationBoxes station() {
     StationBoxes st;
     st.tcall = "RZ3DXX/QRP/MM2"; // longer than the 13-character own-call column
-    st.trezult = "12345";
-    st.tname = QString::fromUtf8("Иван Петров");
-    st.tadres = QString::fromUtf8("ул. Ленина, 5");
-    st.tgor = QString::fromUtf8("Москва");
-    st.tstr = QString::fromUtf8("Россия");
-    st.tcont = QString::fromUtf8("Чемпионат России");
-    st.tpod = "SO-CW";
-    st.Text4 = "30.11.02-02.01.03";
+    st.trezult = "12345", st.tpod = "SO-CW", st.Text4 = "30.11.02-02.01.03";
+    st.tname = "Иван Петров", st.tadres = "ул. Ленина, 5", st.tgor = "Москва";
+    st.tstr = "Россия", st.tcont = "Чемпионат России";
     return st;
 }
 
