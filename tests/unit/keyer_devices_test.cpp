@@ -155,9 +155,12 @@ TEST_F(CwdaemonTest, EscAbortsTheMessage) {
 
 struct RigctldTest : ::testing::Test {
     hfc::test::Rigctld daemon;
-    quint16 port = daemon.port();
+    quint16 port = 0;
     QStringList errors;
-    void SetUp() override { ASSERT_TRUE(daemon.start()) << "rigctld did not start"; }
+    void SetUp() override {
+        ASSERT_TRUE(daemon.start()) << "rigctld did not start";
+        port = daemon.port();
+    }
     // The radio's keyer speed as rigctld reports it to another client.
     QByteArray radioSpeed() {
         Fd fd = connectTcp("127.0.0.1", port, 1000);

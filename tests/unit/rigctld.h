@@ -21,19 +21,20 @@ class Rigctld {
     quint16 port() const { return port_; }
     QString address() const { return QStringLiteral("127.0.0.1:%1").arg(port_); }
 
-    // Starts the daemon and waits until it takes connections.
+    // Starts the daemon and waits until it takes connections. A port another test's daemon
+    // took meanwhile (tests run side by side) makes ours exit at once while the other answers
+    // in its place: then another port is tried.
     bool start() {
-        proc_.setProgram(QStringLiteral("rigctld"));
-        proc_.setArguments({"-m", "1", "-T", "127.0.0.1", "-t", QString::number(port_)});
-        proc_.setStandardOutputFile(QProcess::nullDevice());
-        proc_.setStandardErrorFile(QProcess::nullDevice());
-        proc_.start();
-        if (!proc_.waitForStarted(5000)) return false;
-        for (int i = 0; i < 100; ++i) {
-            QTcpSocket s;
-            s.connectToHost(QStringLiteral("127.0.0.1"), port_);
-            if (s.waitForConnected(100)) return true;
-            QThread::msleep(50);
+        for (int attempt = 0; attempt < 5; ++attempt) {
+            if (attempt) port_ = freePort();
+            proc_.setProgram(QStringLiteral("rigctld"));
+            proc_.setArguments({"-m", "1", "-T", "127.0.0.1", "-t", QString::number(port_)});
+            proc_.setStandardOutputFile(QProcess::nullDevice());
+            proc_.setStandardErrorFile(QProcess::nullDevice());
+            proc_.start();
+            if (!proc_.waitForStarted(5000)) return false;
+            if (listening() && !proc_.waitForFinished(200)) return true;
+            stop();
         }
         return false;
     }
@@ -57,6 +58,16 @@ class Rigctld {
     }
 
   private:
+    bool listening() {
+        for (int i = 0; i < 100 && proc_.state() == QProcess::Running; ++i) {
+            QTcpSocket s;
+            s.connectToHost(QStringLiteral("127.0.0.1"), port_);
+            if (s.waitForConnected(100)) return true;
+            QThread::msleep(50);
+        }
+        return false;
+    }
+
     quint16 port_;
     QProcess proc_;
 };
