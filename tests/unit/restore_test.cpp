@@ -51,6 +51,8 @@ int restore(const QStringList& args, QString& out, QString& err) {
 } // namespace
 
 struct RestoreTest : FormFixture {
+    QtApp qt; // the shared log's link runs its timers and threads on an event loop
+    void TearDown() override { form.reset(); } // the window goes while the loop is there
     QString backupFolder() const { return dir.path() + "/backup"; }
     QString backupOf(const QStringList& rows) {
         logCalls(db.contest, rows);
