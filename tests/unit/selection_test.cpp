@@ -92,6 +92,9 @@ TEST_F(SelectionTest, MultiplierWindowOfEachKind) {
     EXPECT_EQ(form->mwidlast, 39);
     EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(8)") + " " + text("txtMwid(39)"),
               "01 09 40");
+    // Only the list's own boxes show: the window is no taller than the list.
+    EXPECT_TRUE(form->txtMwid[39]->visible());
+    EXPECT_FALSE(form->txtMwid[40]->visible());
     choose("mnuea"); // provinces
     EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(1)") + " " + text("txtMwid(46)"), "A AB ZA");
     choose("mnupacc");
@@ -112,7 +115,8 @@ TEST_F(SelectionTest, MultiplierWindowOfEachKind) {
     EXPECT_EQ(form->mwidmode, 1);
     EXPECT_TRUE(form->multwid->visible());
     EXPECT_EQ(text("txtMwid(0)") + text("txtMwid(9)") + text("txtMwid(10)"), "");
-    choose("mnuari"); // no restart, but the window is filled
+    EXPECT_TRUE(form->txtMwid[50]->visible()); // the worked prefixes may fill every box
+    choose("mnuari");                          // no restart, but the window is filled
     EXPECT_EQ(form->mwidlast, 102);
     EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(102)"), "AG VV");
     EXPECT_FALSE(form->DBGrid1->visible());

@@ -79,6 +79,10 @@ void ContestForm::selectContest(const QString& menuItem, const QString* keptExch
         for (Control* box : txtMwid) box->setBackcolor(QString());
         if (c->window != contests::WindowKind::Cleared)
             for (int i = 0; i <= mwidlast; ++i) txtMwid[i]->setText(contests::windowBox(*c, i));
+        // A list shows only its own boxes, so the window takes no more room than the list; the
+        // worked prefixes of a cleared window may fill every box.
+        for (int i = 0; i < MwidBoxes; ++i)
+            txtMwid[i]->setVisible(c->window == contests::WindowKind::Cleared || i <= mwidlast);
     }
 
     refreshMultWindow();
