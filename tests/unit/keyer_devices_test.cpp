@@ -58,13 +58,22 @@ bool udpBound(quint16 port) {
     return false;
 }
 
-bool startCwdaemon(Daemon& d, quint16 port) {
-    d.process.start("cwdaemon",
-                    {"-n", "-d", "null", "-x", "n", "-y", "n", "-p", QString::number(port)});
-    if (!d.process.waitForStarted(3000)) return false;
-    for (int i = 0; i < 100; ++i) {
-        if (udpBound(port)) return true;
-        QThread::msleep(30);
+// Starts cwdaemon on port, or on another free one when another test's daemon holds it (ours
+// then exits while the port looks bound); port says which.
+bool startCwdaemon(Daemon& d, quint16& port) {
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        if (attempt) port = freePort(SOCK_DGRAM);
+        d.process.start("cwdaemon",
+                        {"-n", "-d", "null", "-x", "n", "-y", "n", "-p", QString::number(port)});
+        if (!d.process.waitForStarted(3000)) return false;
+        bool bound = false;
+        for (int i = 0; i < 100 && !bound && d.process.state() == QProcess::Running; ++i) {
+            bound = udpBound(port);
+            if (!bound) QThread::msleep(30);
+        }
+        if (bound && !d.process.waitForFinished(200)) return true;
+        d.process.kill();
+        d.process.waitForFinished(3000);
     }
     return false;
 }
@@ -297,7 +306,7 @@ struct KeyerChoiceTest : hfc::test::FormFixture {
 
 TEST_F(KeyerChoiceTest, CwdaemonKeysAndTheSerialPortStaysOut) {
     Daemon daemon;
-    const quint16 udp = freePort(SOCK_DGRAM);
+    quint16 udp = freePort(SOCK_DGRAM);
     ASSERT_TRUE(startCwdaemon(daemon, udp));
     settings.keyerBackend = "cwdaemon";
     settings.cwdaemon = QString("127.0.0.1:%1").arg(udp);
