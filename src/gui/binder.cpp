@@ -100,7 +100,10 @@ QWidget* Binder::make(Control* c, QWidget* parent) {
     }
     case K::List: {
         auto* l = new QListWidget(parent);
+        // A click makes the row the list's current entry, as the arrows do, and says which
+        // row it was; then the list's click handler runs.
         connect(l, &QListWidget::itemClicked, this, [this, c](QListWidgetItem* it) {
+            c->setText(it->text());
             c->setExtra(QStringLiteral("selected"), it->text());
             form_->click(c);
         });

@@ -63,10 +63,7 @@ ChooserForm::ChooserForm(const Env& env, std::function<void(const QString&)> cho
         if (e.keyCode == keys::Down) move(1);
         if (e.keyCode == keys::Up) move(-1);
     });
-    proc("lstcontests_Click", [this] {
-        lstcontests->setText(lstcontests->extra(QStringLiteral("selected")));
-        choose();
-    });
+    proc("lstcontests_Click", [this] { choose(); });
 }
 
 void ChooserForm::Form_Load() {

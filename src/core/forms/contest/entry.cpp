@@ -178,12 +178,6 @@ void ContestForm::WWOD() {
 }
 
 void ContestForm::DBList1_Click() {
-    // A click names its row (the view says which); without one the current entry counts.
-    const QString clicked = DBList1->extra(QStringLiteral("selected"));
-    if (!clicked.isEmpty()) {
-        DBList1->setText(clicked);
-        DBList1->setExtra(QStringLiteral("selected"), QString());
-    }
     showEarlierQsos(DBList1->text());
 }
 
