@@ -117,24 +117,28 @@ EntrySession& ContestForm::session() {
     return *session_;
 }
 
+namespace {
+// A field of the draft and the box that shows it.
+void setShown(QString& field, Control* box, const QString& v) {
+    field = v;
+    box->setText(v);
+}
+} // namespace
+
 void ContestForm::setPoints(const QString& v) {
-    session().draft().points = v;
-    txtpoint->setText(v);
+    setShown(session().draft().points, txtpoint, v);
 }
 
 void ContestForm::setPoints2(const QString& v) {
-    session().draft().points2 = v;
-    txtpoint2->setText(v);
+    setShown(session().draft().points2, txtpoint2, v);
 }
 
 void ContestForm::setMult(const QString& v) {
-    session().draft().mult = v;
-    txtmult->setText(v);
+    setShown(session().draft().mult, txtmult, v);
 }
 
 void ContestForm::setMult2(const QString& v) {
-    session().draft().mult2 = v;
-    txtmult2->setText(v);
+    setShown(session().draft().mult2, txtmult2, v);
 }
 
 void ContestForm::showScore() {

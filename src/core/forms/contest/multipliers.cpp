@@ -31,7 +31,7 @@ LogStore::Scope ContestForm::firstMultScope() const {
 void ContestForm::multcheck() {
     session().checkFirstMult(multcand, firstMultScope());
     lastsql = store().lastSql();
-    showScore();
+    txtmult->setText(session().draft().mult); // on every keystroke: only the box that changed
 }
 
 void ContestForm::pscheck() {
@@ -39,7 +39,7 @@ void ContestForm::pscheck() {
     session().draft().band = curband;
     session().checkSecondMult(pscand);
     lastsql = store().lastSql();
-    showScore();
+    txtmult2->setText(session().draft().mult2);
 }
 
 QSet<QString> ContestForm::workedFirstMults() {
