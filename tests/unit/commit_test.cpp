@@ -98,7 +98,7 @@ TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
     for (const char* box : {"txtcall", "txtrsts", "txtrstr", "txtmult", "txtmult2", "txtpoint",
                             "txtpoint2", "txtstran5", "lblrstr"})
         EXPECT_EQ(text(box), "") << box;
-    EXPECT_EQ(form->callstrana + form->callcq + form->callitu, "");
+    EXPECT_EQ(form->draft().country + form->draft().cq + form->draft().itu, "");
     EXPECT_FALSE(marked());
 }
 

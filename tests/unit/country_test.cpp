@@ -37,8 +37,8 @@ TEST_F(CountryTest, RealCallsResolveToTheLongestMatchingRowAndRussianDistricts) 
     };
     for (const Expect& c : cases) {
         resolve(c.call);
-        EXPECT_EQ(QStringList({form->callpref, form->callkont, form->callcq, form->callitu,
-                               form->callstrana, text("txtstran5")}),
+        EXPECT_EQ(QStringList({form->draft().dxccPrefix, form->draft().continent, form->draft().cq,
+                               form->draft().itu, form->draft().country, text("txtstran5")}),
                   QStringList({c.pref, c.kont, c.cq, c.itu, c.strana, c.strana}))
             << c.call;
     }
@@ -47,25 +47,25 @@ TEST_F(CountryTest, RealCallsResolveToTheLongestMatchingRowAndRussianDistricts) 
 TEST_F(CountryTest, AnUnknownCallKeepsThePreviousValues) {
     resolve("DL1ABC");
     resolve("Q1ABC");
-    EXPECT_EQ(form->callpref, "DL");
-    EXPECT_EQ(form->callstrana, "FED. REP. OF G");
-    EXPECT_EQ(form->callprf, "Q1"); // the prefix cut does not need the table
+    EXPECT_EQ(form->draft().dxccPrefix, "DL");
+    EXPECT_EQ(form->draft().country, "FED. REP. OF G");
+    EXPECT_EQ(form->draft().prefix, "Q1"); // the prefix cut does not need the table
 }
 
 TEST_F(CountryTest, PrefixIsCutOnEveryKeyFromTheSecondCharacter) {
     typeCall("O");
-    EXPECT_EQ(form->callprf, "");
+    EXPECT_EQ(form->draft().prefix, "");
     form->typeText("H");
-    EXPECT_EQ(form->callprf, "OH0");
+    EXPECT_EQ(form->draft().prefix, "OH0");
     form->typeText("2/UA3ABC");
-    EXPECT_EQ(form->callprf, "OH2");
-    EXPECT_EQ(form->callpref, "OH"); // the table walk starts at the call's beginning
+    EXPECT_EQ(form->draft().prefix, "OH2");
+    EXPECT_EQ(form->draft().dxccPrefix, "OH"); // the table walk starts at the call's beginning
 }
 
 TEST_F(CountryTest, RudxPutsTheDistrictCodeOfRussianCallsIntoTheExchange) {
     form->contestcode = "rudx";
     resolve("RA3AA");
-    EXPECT_EQ(form->kodsrr, "MA");
+    EXPECT_EQ(form->draft().district, "MA");
     for (const auto& [call, code] : {std::pair{"RA3AA", "MA"}, {"UA9XAA", "KO"}, {"DL1ABC", ""}}) {
         resolve(call);
         EXPECT_EQ(text("txtrstr"), code) << call;
@@ -84,7 +84,7 @@ TEST_F(CountryTest, CqmCountsItsOwnRussianAreas) {
                                               {"cqww", "UA4SAA", "UA"}}) {
         form->contestcode = contest;
         resolve(call);
-        EXPECT_EQ(form->callpref, pref) << contest << " " << call;
+        EXPECT_EQ(form->draft().dxccPrefix, pref) << contest << " " << call;
     }
 }
 
@@ -96,7 +96,7 @@ TEST_F(CountryTest, YuCountsOnlyYuStations) {
     EXPECT_EQ(text("txtpoint"), "0");
     EXPECT_EQ(text("txtmult"), "");
     resolve("YU1AA");
-    EXPECT_EQ(form->multcand, "YU");
+    EXPECT_EQ(form->draft().multCandidate, "YU");
 }
 
 TEST_F(CountryTest, OwnCallIsResolvedToo) {

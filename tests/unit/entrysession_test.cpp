@@ -137,14 +137,21 @@ TEST_F(EntrySessionTest, AMultiplierIsNewOnlyWhereItWasNotWorkedInItsScope) {
     EXPECT_EQ(s->draft().mult2, "");
 }
 
-TEST_F(EntrySessionTest, AfterACommitTheNextQsoKeepsBandModeAndWhatWasSent) {
+// The country prefix and continent stay for the next call the prefix table does not know; the
+// country, zones and multiplier candidates were this QSO's alone.
+TEST_F(EntrySessionTest, AfterACommitTheNextQsoKeepsBandModeWhatWasSentAndTheFallbackCountry) {
     type("DL1ABC");
-    s->draft().sentExchange = "15", s->draft().rcvdExchange = "14";
+    QsoDraft& c = s->draft();
+    c.sentExchange = "15", c.rcvdExchange = "14";
+    c.dxccPrefix = "DL", c.continent = "EU", c.prefix = "DL1", c.country = "FED. REP. OF G";
+    c.cq = "14", c.multCandidate = "DL", c.psCandidate = "14";
     s->commit();
     s->next();
     const QsoDraft& d = s->draft();
     EXPECT_EQ(QStringList({d.call, d.rcvdExchange, d.band, d.mode, d.sentExchange}),
               QStringList({"", "", "14", "CW", "15"}));
+    EXPECT_EQ(QStringList({d.dxccPrefix, d.continent, d.prefix}), QStringList({"DL", "EU", "DL1"}));
+    EXPECT_EQ(d.country + d.cq + d.multCandidate + d.psCandidate, "");
 }
 
 } // namespace

@@ -10,7 +10,7 @@ struct MultTest : FormFixture {
     QString check(const QString& contest, const QString& band, const QString& cand) {
         form->contestcode = contest;
         form->curband = band;
-        form->multcand = cand;
+        form->draft().multCandidate = cand;
         form->setMult("stale");
         form->multcheck();
         return text("txtmult");
@@ -18,7 +18,7 @@ struct MultTest : FormFixture {
     QString pcheck(const QString& contest, const QString& band, const QString& cand) {
         form->contestcode = contest;
         form->curband = band;
-        form->pscand = cand;
+        form->draft().psCandidate = cand;
         form->setMult2("stale");
         form->pscheck();
         return text("txtmult2");

@@ -49,7 +49,7 @@ TEST_F(RaemTest, SpecialStationAndRepeats) {
 using SacTest = FormFixture;
 
 TEST_F(SacTest, SacZeroesThePointsAndLeavesTheMultiplier) {
-    form->contestcode = "sac", form->curband = "14", form->callpref = "OH";
+    form->contestcode = "sac", form->curband = "14", form->draft().dxccPrefix = "OH";
     form->txtcall->setText("OH2XX");
     form->setPoints("1");
     form->setMult("untouched");
@@ -68,7 +68,7 @@ TEST(SacCandidate, CallAreaDigitOrZero) {
 
 TEST_F(SacTest, SacOneIndexesTheAreaBox) {
     form->setPoints("1");
-    form->multcand = "OH7";
+    form->draft().multCandidate = "OH7";
     form->sacarea = 2;
     form->SAC1();
     EXPECT_EQ(form->sacbox, 27);

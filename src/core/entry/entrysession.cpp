@@ -129,6 +129,12 @@ void EntrySession::next() {
     n.date = draft_.date;
     n.sentReport = draft_.sentReport;
     n.sentExchange = draft_.sentExchange;
+    // Kept across QSOs as the lookup has always kept them: a call the prefix table does not
+    // know has the country prefix and continent of the call before it, and the cut prefix is
+    // taken only once the call has two characters.
+    n.dxccPrefix = draft_.dxccPrefix;
+    n.continent = draft_.continent;
+    n.prefix = draft_.prefix;
     draft_ = n;
 }
 

@@ -37,7 +37,8 @@ class EntrySession {
     // Stores the draft. The new row's rowid; a refused write throws DbError and leaves the
     // draft as it was, to store again.
     qint64 commit();
-    // The next QSO starts: the draft is emptied but for band, mode, date and what was sent.
+    // The next QSO starts: the draft is emptied but for band, mode, date, what was sent and the
+    // country facts an unknown call falls back on.
     void next();
 
   private:

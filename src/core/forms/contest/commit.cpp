@@ -65,8 +65,6 @@ bool ContestForm::wwodadd() {
     d.rcvdExchange = txtrstr->text();
     d.sentReport = lblrsts->text();
     d.sentExchange = txtrsts->text();
-    d.country = callstrana;
-    d.prefix = callprf;
     d.freq = qsoFreq();
 
     // One INSERT in autocommit: the row is on disk (WAL, synchronous=FULL) when this returns.
@@ -103,10 +101,6 @@ bool ContestForm::wwodadd() {
     txtcall->setText(QString());
     txtrsts->setText(QString());
     txtrstr->setText(QString());
-    callitu.clear();
-    callcq.clear();
-    callstrana.clear();
-    kodsrr.clear();
     txtstran5->setText(QString());
     ++qsorun;
     session().next();

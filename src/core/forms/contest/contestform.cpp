@@ -209,13 +209,21 @@ void ContestForm::registerWindow() {
     var("letters", letters);
     var("digits", digits);
     var("nulchar", nulchar);
-    var("callprf", callprf);
-    var("callstrana", callstrana);
-    var("callkont", callkont);
-    var("callpref", callpref);
-    var("callitu", callitu);
-    var("callcq", callcq);
-    var("kodsrr", kodsrr);
+    // The typed QSO's values keep the names scripts know them by.
+    const auto draftVar = [this](const char* name, QString QsoDraft::*field) {
+        var(
+            QString::fromLatin1(name), [this, field] { return draft().*field; },
+            [this, field](const QString& v) { draft().*field = v; });
+    };
+    draftVar("callprf", &QsoDraft::prefix);
+    draftVar("callstrana", &QsoDraft::country);
+    draftVar("callkont", &QsoDraft::continent);
+    draftVar("callpref", &QsoDraft::dxccPrefix);
+    draftVar("callitu", &QsoDraft::itu);
+    draftVar("callcq", &QsoDraft::cq);
+    draftVar("kodsrr", &QsoDraft::district);
+    draftVar("multcand", &QsoDraft::multCandidate);
+    draftVar("pscand", &QsoDraft::psCandidate);
     var("dxccmult", dxccmult);
     var("itufill", itufill);
     var("cqfill", cqfill);
@@ -231,8 +239,6 @@ void ContestForm::registerWindow() {
     var("ctype3", ctype3);
     var("ctype4", ctype4);
     var("mwidlast", mwidlast);
-    var("multcand", multcand);
-    var("pscand", pscand);
     var("bandsame", bandsame);
     var("bandprev", bandprev);
     var("catcmd", catcmd);
@@ -254,7 +260,7 @@ void ContestForm::Form_Load() {
     curband.clear();
     rstdef = QStringLiteral("599");
     nulchar = QStringLiteral("o");
-    callprf.clear();
+    if (session_) draft().prefix.clear();
     const QDateTime now = env().clock->localNow();
     bandstart = now;
     lastqso = now;

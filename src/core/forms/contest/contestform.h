@@ -22,6 +22,7 @@
 //   logcheck.cpp      the log check of the "Сервис" menu
 //   scp.cpp           super check partial, one-off calls, call history
 #include "contests/contestdef.h"
+#include "entry/qsodraft.h"
 #include "forms/form.h"
 #include "keyer/keyerbackend.h"
 #include "log/logstore.h"
@@ -61,6 +62,7 @@ class ContestForm : public Form {
     Db& logDb();             // dbcontest
     LogStore& store();       // every question and write on the log
     EntrySession& session(); // the QSO being entered
+    QsoDraft& draft();       // session().draft()
     // The contest menu items in menu order (the first 33 under "Соревнования", the rest under
     // "Далее"), as the catalogue created them.
     QStringList contestMenuItems() const;
@@ -125,9 +127,6 @@ class ContestForm : public Form {
     QString letters = QStringLiteral("ASDFGHJKLQWERTYUIOPZXCVBNM");
     QString digits = QStringLiteral("0123456789");
     QString nulchar = QStringLiteral("o");
-    // country values of the typed call
-    QString callprf, callstrana, callkont, callpref, callitu, callcq;
-    QString kodsrr; // district code of the typed Russian call
     // contest switches (0 = the rule applies)
     int dxccmult = 1, itufill = 1, cqfill = 1, pfxmult = 1, exchmult = 1, fixexch = 0;
     int exchsel1 = 1, exchsel2 = 1, exchsel3 = 1, exchsel4 = 1;
@@ -135,7 +134,6 @@ class ContestForm : public Form {
     int mwidlast = 0;
     int mwidmode = 0; // 1: the window lists worked prefixes; otherwise a fixed list
     int bandmult = 0; // 1: multipliers count per band in the window's band view
-    QString multcand, pscand;
     QString lastsql;
     // bands
     int bandsame = 0, bandprev = -1;

@@ -81,13 +81,14 @@ bool ContestForm::lookupDistrict(const QString& key, QString* itu, QString* cq, 
 void ContestForm::STRAN() {
     const QString call = txtcall->text();
     // Nothing found keeps the values of the previous call.
-    CountryRow row{callpref, callkont, callstrana, callitu, callcq};
+    QsoDraft& d = draft();
+    CountryRow row{d.dxccPrefix, d.continent, d.country, d.itu, d.cq};
     if (resolveCall(call, row)) txtstran5->setText(row.strana);
-    callstrana = row.strana;
-    callkont = row.kont;
-    callpref = row.pref;
-    callitu = row.itu;
-    callcq = row.cq;
+    d.country = row.strana;
+    d.continent = row.kont;
+    d.dxccPrefix = row.pref;
+    d.itu = row.itu;
+    d.cq = row.cq;
 }
 
 bool ContestForm::resolveCall(const QString& call, CountryRow& row) {
@@ -113,47 +114,48 @@ void ContestForm::refineRussian(const QString& call, CountryRow& row) {
 }
 
 void ContestForm::RUS() {
-    CountryRow row{callpref, callkont, callstrana, callitu, callcq};
+    QsoDraft& d = draft();
+    CountryRow row{d.dxccPrefix, d.continent, d.country, d.itu, d.cq};
     refineRussian(txtcall->text(), row);
-    callpref = row.pref;
-    callkont = row.kont;
-    callitu = row.itu;
-    callcq = row.cq;
+    d.dxccPrefix = row.pref;
+    d.continent = row.kont;
+    d.itu = row.itu;
+    d.cq = row.cq;
 }
 
 void ContestForm::rusdx() {
     QString code;
     lookupDistrict(russianDistrictKey(txtcall->text()), nullptr, nullptr, &code);
-    kodsrr = code;
+    draft().district = code;
 }
 
 void ContestForm::CQM() {
-    callpref = cqmPrefix(txtcall->text(), callpref);
+    draft().dxccPrefix = cqmPrefix(txtcall->text(), draft().dxccPrefix);
 }
 
 void ContestForm::EU13() {
-    setPoints(eu13Points(callkont));
+    setPoints(eu13Points(draft().continent));
 }
 
 void ContestForm::eucountry() {
     const contests::EntryRule rule = contestDef().extra;
     if (rule == contests::EntryRule::UbaCountries) {
-        if (callpref == QLatin1String("ON")) {
+        if (draft().dxccPrefix == QLatin1String("ON")) {
             setPoints(QStringLiteral("10"));
-            multcand = callpref;
+            draft().multCandidate = draft().dxccPrefix;
             multcheck();
             return;
         }
         setPoints(QStringLiteral("0"));
-        if (inEuropeanList(callpref)) {
-            multcand = callpref;
+        if (inEuropeanList(draft().dxccPrefix)) {
+            draft().multCandidate = draft().dxccPrefix;
             multcheck();
             setPoints(QStringLiteral("3"));
         }
         if (session().draft().points == QLatin1String("0")) setPoints(QStringLiteral("1"));
     } else if (rule == contests::EntryRule::YuCountry) {
-        if (callpref == QLatin1String("YU")) {
-            multcand = callpref;
+        if (draft().dxccPrefix == QLatin1String("YU")) {
+            draft().multCandidate = draft().dxccPrefix;
             multcheck();
         } else {
             setPoints(QStringLiteral("0"));
@@ -164,7 +166,7 @@ void ContestForm::eucountry() {
 
 void ContestForm::callprefix() {
     const QString call = txtcall->text();
-    if (call.size() > 1) callprf = callPrefix(call);
+    if (call.size() > 1) draft().prefix = callPrefix(call);
 }
 
 void ContestForm::resolveOwnCall(const QString& typed) {

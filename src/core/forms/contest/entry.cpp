@@ -70,12 +70,6 @@ void ContestForm::wipeEntry() {
     session().next();
     showScore();
     showMark(*this, QsoDraft::Mark::None);
-    multcand.clear();
-    pscand.clear();
-    callitu.clear();
-    callcq.clear();
-    callstrana.clear();
-    kodsrr.clear();
     confirmedBad.clear();
     DBList1->setItems({});
     DBList1->setText(QString());
@@ -115,6 +109,10 @@ EntrySession& ContestForm::session() {
     if (session_->contest() != contestcode)
         session_->setContest(contestcode, entryRulesFor(contestcode));
     return *session_;
+}
+
+QsoDraft& ContestForm::draft() {
+    return session().draft();
 }
 
 namespace {
@@ -210,31 +208,31 @@ void ContestForm::wwodcall() {
         setPoints(QStringLiteral("0"));
         setPoints2(QStringLiteral("0"));
         setMult(QString());
-        multcand.clear();
-        pscand.clear();
+        draft().multCandidate.clear();
+        draft().psCandidate.clear();
         showMark(*this, QsoDraft::Mark::None);
         return;
     }
 
     // The received exchange that follows from the call.
     if (contestDef().fromCall == contests::ExchangeFromCall::Oblast) {
-        if (callstrana == QLatin1String("RUSSIAN")) {
+        if (draft().country == QLatin1String("RUSSIAN")) {
             rusdx();
-            txtrstr->setText(kodsrr);
+            txtrstr->setText(draft().district);
         } else {
             txtrstr->setText(QString());
         }
     }
-    if (itufill == 0) txtrstr->setText(callitu);
-    if (cqfill == 0) txtrstr->setText(callcq);
+    if (itufill == 0) txtrstr->setText(draft().itu);
+    if (cqfill == 0) txtrstr->setText(draft().cq);
     historyfill();
 
     if (dxccmult == 0) {
-        multcand = callpref;
+        draft().multCandidate = draft().dxccPrefix;
         multcheck();
     }
     if (pfxmult == 0) {
-        multcand = callprf;
+        draft().multCandidate = draft().prefix;
         multcheck();
     }
     eucountry(); // the country rules of UBA and YU; nothing for the other contests

@@ -40,7 +40,7 @@ bool ContestForm::countsExchange() const {
 // LZ Open's passed-on number, RAEM's own coordinates).
 void ContestForm::wwodrstr() {
     if (countsExchange() && !txtrstr->text().isEmpty()) {
-        pscand = txtrstr->text();
+        draft().psCandidate = txtrstr->text();
         pscheck();
     }
     if (contestDef().extra == contests::EntryRule::RaemDistance) raemscore();
@@ -69,7 +69,7 @@ bool ContestForm::checkExchange() {
     QsoFacts q;
     q.contest = contestcode;
     q.call = txtcall->text();
-    q.pref = callpref;
+    q.pref = draft().dxccPrefix;
     q.report = lblrstr->text();
     q.exchange = txtrstr->text();
     if (exchangeAcceptable(q, [this](const QString& code) { return oblastKnown(code); }))
@@ -111,7 +111,7 @@ void ContestForm::txtrstr_KeyPress(Event& e) {
     // A zone is a number: "5" is the zone "05" already worked, and is logged as "05".
     if (contestDef().numericExchange) txtrstr->setText(contests::numericExchange(txtrstr->text()));
     if (countsExchange()) {
-        pscand = txtrstr->text();
+        draft().psCandidate = txtrstr->text();
         pscheck();
     }
     scoringEntered = true;

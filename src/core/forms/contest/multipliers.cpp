@@ -29,7 +29,7 @@ LogStore::Scope ContestForm::firstMultScope() const {
 }
 
 void ContestForm::multcheck() {
-    session().checkFirstMult(multcand, firstMultScope());
+    session().checkFirstMult(draft().multCandidate, firstMultScope());
     lastsql = store().lastSql();
     txtmult->setText(session().draft().mult); // on every keystroke: only the box that changed
 }
@@ -37,7 +37,7 @@ void ContestForm::multcheck() {
 void ContestForm::pscheck() {
     // The second multiplier counts once per band in every contest.
     session().draft().band = curband;
-    session().checkSecondMult(pscand);
+    session().checkSecondMult(draft().psCandidate);
     lastsql = store().lastSql();
     txtmult2->setText(session().draft().mult2);
 }

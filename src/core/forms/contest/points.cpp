@@ -39,10 +39,10 @@ void ContestForm::qsopoints() {
     q.band = curband;
     q.mode = curmode;
     q.call = txtcall->text();
-    q.pref = callpref;
-    q.kont = callkont;
-    q.strana = callstrana;
-    q.prf = callprf;
+    q.pref = draft().dxccPrefix;
+    q.kont = draft().continent;
+    q.strana = draft().country;
+    q.prf = draft().prefix;
     q.report = lblrstr->text();
     q.exchange = txtrstr->text();
     q.ownCall = TXTNCALL->text();

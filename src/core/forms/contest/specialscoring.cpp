@@ -44,14 +44,14 @@ void ContestForm::SAC() {
     // The points were zeroed just above, so the area check below does not run from here; the
     // order is kept as it has always been.
     if (val(session().draft().points) == 1) {
-        multcand = contests::sacCandidate(callpref, txtcall->text(), digits);
+        draft().multCandidate = contests::sacCandidate(draft().dxccPrefix, txtcall->text(), digits);
         multcheck();
     }
 }
 
 void ContestForm::SAC1() {
-    if (val(session().draft().points) == 1 && multcand.size() > 2)
-        sacbox = 10 * sacarea + int(val(multcand.mid(2, 1)));
+    if (val(session().draft().points) == 1 && draft().multCandidate.size() > 2)
+        sacbox = 10 * sacarea + int(val(draft().multCandidate.mid(2, 1)));
 }
 
 void ContestForm::SAC2() {}
