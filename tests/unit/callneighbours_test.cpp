@@ -8,14 +8,14 @@ using namespace hfc;
 // in the tail, and at either end, and never the call itself; also for a call that came in with
 // a character no call is typed with (an import, an edit in the log).
 TEST(CallNeighbours, FindsWhatAScanFinds) {
-    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB", "UA3ABCD", "RA3ABC",
-                                "UA3XBC", "UB3ABC", "A3ABC", "DL1ABC",  "UA9ABC",
-                                "K1ABC",  "UA3AXC", "UA3AB_"};
+    const QStringList logged = {"UA3ABC", "UA3ABD", "UA3AB",  "UA3ABCD", "RA3ABC",
+                                "UA3XBC", "UB3ABC", "A3ABC",  "DL1ABC",  "UA9ABC",
+                                "K1ABC",  "UA3AXC", "UA3AB_", "UA3AAB"};
     CallNeighbours n;
     for (const QString& c : logged) n.add(c);
     n.add("UA3ABC"); // again: listed once
     EXPECT_EQ(n.size(), logged.size());
-    for (const QString typed : {"UA3ABC", "UA3AB", "A3ABC", "K1AB", "DL1ABD", "UA3XBC"}) {
+    for (const QString typed : {"UA3ABC", "UA3AB", "A3ABC", "K1AB", "DL1ABD", "UA3XBC", "UA3AAC"}) {
         SCOPED_TRACE(typed.toStdString());
         QStringList scan;
         for (const QString& c : logged)

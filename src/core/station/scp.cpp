@@ -175,46 +175,60 @@ bool isOneOff(QStringView a, QStringView b) {
 
 void CallNeighbours::clear() {
     calls_.clear();
+    filed_.clear();
+}
+
+uint64_t CallNeighbours::keyOf(std::string_view s) {
+    return std::hash<std::string_view>{}(s);
+}
+
+template <class Each> void CallNeighbours::eachUnder(std::string_view key, const Each& each) const {
+    const auto [from, to] = filed_.equal_range(keyOf(key));
+    for (auto it = from; it != to; ++it) each(it->second);
 }
 
 void CallNeighbours::add(const QString& call) {
     if (call.size() < 2) return;
-    std::string key = toKey(call);
-    for (const char ch : key)
-        if (alphabet_.find(ch) == std::string::npos) alphabet_ += ch;
-    calls_.insert(std::move(key));
+    std::string c = toKey(call);
+    bool known = false;
+    eachUnder(c, [&](uint32_t id) { known = known || calls_[id] == c; });
+    if (known) return;
+    const auto id = uint32_t(calls_.size());
+    filed_.emplace(keyOf(c), id);
+    std::string shorter;
+    for (size_t i = 0; i < c.size(); ++i) {
+        if (i > 0 && c[i] == c[i - 1]) continue; // "AA" less either A is one form
+        shorter = c;
+        shorter.erase(i, 1);
+        filed_.emplace(keyOf(shorter), id);
+    }
+    calls_.push_back(std::move(c));
 }
 
 QStringList CallNeighbours::oneOff(const QString& call) const {
     if (call.size() < 3 || calls_.empty()) return {};
     const std::string c = toKey(call);
-    std::vector<std::string> found;
-    std::string v;
-    const auto probe = [&] {
-        if (calls_.count(v)) found.push_back(v);
+    std::vector<uint32_t> hits;
+    const auto take = [&](uint32_t id) {
+        if (isOneOff(c, calls_[id])) hits.push_back(id);
     };
-    for (size_t i = 0; i <= c.size(); ++i) {
-        if (i < c.size()) {
-            v = c; // one character left out
-            v.erase(i, 1);
-            probe();
-        }
-        for (const char ch : alphabet_) {
-            v = c; // one character more
-            v.insert(i, 1, ch);
-            probe();
-            if (i < c.size() && ch != c[i]) {
-                v = c; // one character other
-                v[i] = ch;
-                probe();
-            }
-        }
+    eachUnder(c, take); // one more character, or one other at a place a form leaves out
+    std::string shorter;
+    for (size_t i = 0; i < c.size(); ++i) {
+        if (i > 0 && c[i] == c[i - 1]) continue;
+        shorter = c;
+        shorter.erase(i, 1);
+        eachUnder(shorter, take); // one character less, or one other there
     }
+    std::sort(hits.begin(), hits.end());
+    hits.erase(std::unique(hits.begin(), hits.end()), hits.end());
+    std::vector<std::string_view> found;
+    found.reserve(hits.size());
+    for (uint32_t id : hits) found.emplace_back(calls_[id]);
     std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());
     QStringList out;
     out.reserve(qsizetype(found.size()));
-    for (const std::string& f : found) out << QString::fromStdString(f);
+    for (std::string_view f : found) out << QString::fromUtf8(f.data(), qsizetype(f.size()));
     return out;
 }
 

@@ -11,7 +11,7 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace hfc {
@@ -58,10 +58,12 @@ bool isOneOff(std::string_view a, std::string_view b);
 bool isOneOff(QStringView a, QStringView b);
 
 // The own log's calls one edit away from a typed call, kept up as calls are added: the log
-// grows by one call a QSO. Unlike a call file, the log is searched by trying every call one edit
-// away from the typed one (a few hundred, each one hash probe), so a keystroke costs the same
-// at 100 QSOs and at 100k; walking the calls that share the typed call's beginning cost most of
-// a keystroke at 100k when the typed call was still short.
+// grows by one call a QSO. Every logged call is filed under itself and under each of its forms
+// with one character left out. A call one substitution, insertion or deletion away from the
+// typed one then shares a key with it: the typed call itself or one of its own one-left-out
+// forms. So a keystroke looks up a handful of keys whatever the log's size, and neither walks the
+// calls sharing a short beginning (most of a keystroke at 100k QSOs once) nor tries every call
+// one edit away (a few hundred probes a key).
 class CallNeighbours {
   public:
     void clear();
@@ -70,10 +72,12 @@ class CallNeighbours {
     QStringList oneOff(const QString& call) const; // sorted
 
   private:
-    std::unordered_set<std::string> calls_;
-    // Every character a logged call holds: the letters, digits and "/" a call is typed with,
-    // and whatever else an import or an edit brought.
-    std::string alphabet_ = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/";
+    static uint64_t keyOf(std::string_view s);
+    // Calls filed under the hash of key; isOneOff weeds out what only the hash shares.
+    template <class Each> void eachUnder(std::string_view key, const Each& each) const;
+
+    std::vector<std::string> calls_; // each logged call once
+    std::unordered_multimap<uint64_t, uint32_t> filed_;
 };
 
 // The MASTER.SCP to read: the data folder's own copy when it has one, else Debian's
