@@ -175,16 +175,36 @@ bool isOneOff(QStringView a, QStringView b) {
 
 void CallNeighbours::clear() {
     calls_.clear();
-    filed_.clear();
+    slots_.clear();
+    filed_ = 0;
 }
 
-uint64_t CallNeighbours::keyOf(std::string_view s) {
-    return std::hash<std::string_view>{}(s);
+uint32_t CallNeighbours::keyOf(std::string_view s) {
+    const uint64_t h = std::hash<std::string_view>{}(s);
+    return uint32_t(h ^ (h >> 32));
 }
 
 template <class Each> void CallNeighbours::eachUnder(std::string_view key, const Each& each) const {
-    const auto [from, to] = filed_.equal_range(keyOf(key));
-    for (auto it = from; it != to; ++it) each(it->second);
+    if (slots_.empty()) return;
+    const uint32_t k = keyOf(key);
+    const size_t mask = slots_.size() - 1;
+    for (size_t i = k & mask; slots_[i].id != Free; i = (i + 1) & mask)
+        if (slots_[i].key == k) each(slots_[i].id);
+}
+
+void CallNeighbours::file(uint32_t key, uint32_t id) {
+    if (2 * (filed_ + 1) > slots_.size()) {
+        std::vector<Slot> old(std::max<size_t>(1024, 2 * slots_.size()));
+        old.swap(slots_);
+        filed_ = 0;
+        for (const Slot& s : old)
+            if (s.id != Free) file(s.key, s.id);
+    }
+    const size_t mask = slots_.size() - 1;
+    size_t i = key & mask;
+    while (slots_[i].id != Free) i = (i + 1) & mask;
+    slots_[i] = {key, id};
+    ++filed_;
 }
 
 void CallNeighbours::add(const QString& call) {
@@ -194,13 +214,13 @@ void CallNeighbours::add(const QString& call) {
     eachUnder(c, [&](uint32_t id) { known = known || calls_[id] == c; });
     if (known) return;
     const auto id = uint32_t(calls_.size());
-    filed_.emplace(keyOf(c), id);
+    file(keyOf(c), id);
     std::string shorter;
     for (size_t i = 0; i < c.size(); ++i) {
         if (i > 0 && c[i] == c[i - 1]) continue; // "AA" less either A is one form
         shorter = c;
         shorter.erase(i, 1);
-        filed_.emplace(keyOf(shorter), id);
+        file(keyOf(shorter), id);
     }
     calls_.push_back(std::move(c));
 }
