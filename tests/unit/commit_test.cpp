@@ -1,6 +1,6 @@
-// Committing the entry line: the stored row, the too-early row, the entry line's reset and the
+// Committing the entry line: the stored row, what is not stored, the entry line's reset and the
 // log grid. A whole session of commits by Enter, repeats included, is the cqww_session scenario
-// and the hand count of claimedscore_test.cpp.
+// (SSB's 59 the session_restart scenario) and the hand count of claimedscore_test.cpp.
 #include "entryfixture.h"
 
 using namespace hfc;
@@ -37,14 +37,6 @@ TEST_F(CommitTest, EveryFieldOfTheRowComesFromTheEntryLine) {
                            "599", "CW", "12:05",          "579",    "14",       "599", "16",
                            "DL",  "14", "FED. REP. OF G", "DL1",    "",         ""}));
     EXPECT_EQ(form->focusName(), "txtcall");
-}
-
-TEST_F(CommitTest, SsbBeforeAnyContestStoresFiveNineTheModeCaptionAndHiHi) {
-    form->cmbmod_Click();
-    typeCall("DL1ABC");
-    form->wwodadd();
-    EXPECT_EQ(db.contest.query("SELECT rsts, rstr, ps1, ps2 FROM tbllog")[0],
-              QStringList({"59", "59", "SSB", "hi hi"}));
 }
 
 TEST_F(CommitTest, NothingIsStoredWithoutACallOrWithAnEmptyExchange) {
