@@ -4,18 +4,15 @@
 using namespace hfc;
 using EntryTest = hfc::test::EntryFixture;
 
-TEST_F(EntryTest, KeyFilterUpperCasesAndRefusesOutsideTheCallSet) {
+TEST_F(EntryTest, KeyFilterUpperCasesAndRefusesOutsideTheCallSetAndAFifteenthCharacter) {
     typeCall("ua3abc/p");
     EXPECT_EQ(text("txtcall"), "UA3ABC/P");
+    typeCall("ABCDEFGHIJKLMNOP");
+    EXPECT_EQ(text("txtcall"), "ABCDEFGHIJKLMN");
     typeCall("dl-1ä#b\u0436c"); // "-", umlaut, "#", Cyrillic: refused
     EXPECT_EQ(text("txtcall"), "DL1BC");
     typeCall("\u0430"); // Cyrillic lower case: upper-cased and still refused
     EXPECT_EQ(text("txtcall"), "");
-}
-
-TEST_F(EntryTest, AFifteenthCharacterIsRefused) {
-    typeCall("ABCDEFGHIJKLMNOP");
-    EXPECT_EQ(text("txtcall"), "ABCDEFGHIJKLMN");
 }
 
 TEST_F(EntryTest, BackspaceClearsPointsMultipliersAndCountry) {
