@@ -38,7 +38,6 @@ TEST(SettingsViewGui, OpensFromTheServiceMenuAndSavesWhatIsTyped) {
         QApplication::setActiveWindow(window);
         rigctld->setFocus();
         QTest::keyClicks(rigctld, "127.0.0.1:4532");
-        EXPECT_EQ(w.form->subForm("settings")->control("txtrigctld")->text(), "127.0.0.1:4532");
         QPushButton* save = nullptr;
         for (QPushButton* b : window->findChildren<QPushButton*>())
             if (b->text() == "Сохранить") save = b;

@@ -65,10 +65,6 @@ TEST_F(EntryLineTest, EarlierQsosShowOnEveryBandAndARepeatShowsTheZeroItIsStored
     typeCall("DL1ABC");
     EXPECT_EQ(mark(), "Повтор");
     EXPECT_EQ(texts({"txtpoint", "txtmult", "txtmult2"}), "0||");
-    // A partial call shows the band's calls that begin so, and the list's entry as before.
-    typeCall("DL1");
-    EXPECT_EQ(form->DBList1->items(), QStringList{"DL1ABC"});
-    EXPECT_EQ(form->DBGrid1->rows().size(), 2u);
 }
 
 TEST_F(EntryLineTest, ASelectionGoesOnTheEventPathSoTheLookupsRunOnWhatIsLeft) {

@@ -26,10 +26,9 @@ struct EntrySessionTest : ::testing::Test {
     }
     void contest(const QString& code) { s->setContest(code, entryRulesFor(code)); }
 
-    void logged(const char* call, const char* band, const char* time = "12:00",
-                const char* mode = "CW") {
+    void logged(const char* call, const char* band, const char* time) {
         LogRow r;
-        r.ccall = call, r.bband = band, r.ttime = time, r.ps1 = mode, r.ps2 = s->contest();
+        r.ccall = call, r.bband = band, r.ttime = time, r.ps1 = "CW", r.ps2 = s->contest();
         log->insert(r);
     }
     // The operator on band at time types call.
@@ -57,15 +56,11 @@ TEST_F(EntrySessionTest, RepeatAndTimeRulesOfEachKind) {
         {"cqww", "DL1ABC", "14", "12:00", "DL1ABC", "14", "12:30", Mark::Repeat},
         {"cqww", "DL1ABC", "7", "12:00", "DL1ABC", "14", "12:30", Mark::None},
         {"cqww", "DL1ABC", "14", "12:00", "DL1A", "14", "12:30", Mark::None}, // begins alike
-        {"cqww", "DL1ABC", "14", "12:00", "", "14", "12:30", Mark::None},
         // LZ: thirty minutes on any band, no plain repeat, no wrap at midnight
         {"lzo", "LZ1AA", "7", "12:00", "LZ1AA", "14", "12:29", Mark::TooEarly},
         {"lzo", "LZ1AA", "7", "12:00", "LZ1AA", "14", "12:30", Mark::None},
-        {"lzo", "LZ1AA", "7", "12:00", "LZ1AA", "7", "12:45", Mark::None},
-        {"lzo", "LZ1AA", "7", "12:00", "LZ1A", "14", "12:10", Mark::None}, // another station
         {"lzo", "LZ2BB", "14", "23:50", "LZ2BB", "14", "00:10", Mark::TooEarly},
         // the championship: the exact call on any band once per clock hour
-        {"chemp", "UA3ABC", "7", "12:10", "UA3AB", "14", "13:05", Mark::None},
         {"chemp", "UA3ABC", "7", "12:10", "UA3ABC", "14", "13:05", Mark::Repeat},
         {"chemp", "UA3AAA", "14", "12:10", "UA3AAA", "14", "12:50", Mark::TooEarly},
         // ES: one QSO per band and clock hour
@@ -83,29 +78,6 @@ TEST_F(EntrySessionTest, RepeatAndTimeRulesOfEachKind) {
     }
 }
 
-TEST_F(EntrySessionTest, ARepeatIsStoredAsDupeWorthNothingAnotherBandAsAQso) {
-    logged("DL1ABC", "14");
-    type("DL1ABC");
-    s->draft().mult = "DL", s->draft().points = "3";
-    s->commit();
-    EXPECT_EQ(stored("ccall, ps1, mult, point"), QStringList({"DL1ABC", "DUPE", "", "0"}));
-    type("DL1ABC", "7");
-    s->draft().points = "3";
-    s->commit();
-    EXPECT_EQ(stored("ccall, bband, ps1, point"), QStringList({"DL1ABC", "7", "CW", "3"}));
-}
-
-TEST_F(EntrySessionTest, ThePartialListShowsTheCallsOnTheBandThatBeginSo) {
-    logged("DL1ABC", "14");
-    logged("DL1ABD", "14");
-    logged("DL1ABE", "7");
-    logged("UA3AAA", "14");
-    type("DL1AB");
-    EXPECT_EQ(s->draft().partial, QStringList({"DL1ABC", "DL1ABD"}));
-    type("");
-    EXPECT_TRUE(s->draft().partial.isEmpty());
-}
-
 TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
     db.contest.exec("CREATE TRIGGER refuse BEFORE INSERT ON tbllog "
                     "BEGIN SELECT RAISE(ABORT, 'disk full'); END");
@@ -119,22 +91,6 @@ TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
     db.contest.exec("DROP TRIGGER refuse");
     s->commit();
     EXPECT_EQ(stored("ccall, rstr2, point"), QStringList({"DL1ABC", "14", "3"}));
-}
-
-TEST_F(EntrySessionTest, AMultiplierIsNewOnlyWhereItWasNotWorkedInItsScope) {
-    LogRow r;
-    r.ccall = "DL1ABC", r.bband = "7", r.mult = "DL", r.ps = "14", r.ps2 = "cqww";
-    log->insert(r);
-    type("DL2XX", "14");
-    s->checkFirstMult("DL", {LogStore::Within::Band, "14"});
-    EXPECT_EQ(s->draft().mult, "DL");
-    s->checkFirstMult("DL", {LogStore::Within::Contest, {}});
-    EXPECT_EQ(s->draft().mult, "");
-    s->checkSecondMult("14"); // second multipliers count per band: worked on 7 only
-    EXPECT_EQ(s->draft().mult2, "14");
-    type("DL2XX", "7");
-    s->checkSecondMult("14");
-    EXPECT_EQ(s->draft().mult2, "");
 }
 
 // The country prefix and continent stay for the next call the prefix table does not know; the

@@ -96,10 +96,7 @@ TEST_F(LogStoreTest, AnEditTouchesOnlyTheNamedColumnOfTheNamedRow) {
     EXPECT_EQ(store->rowids("cq"), std::vector<qint64>{rb});
 }
 
-TEST_F(LogStoreTest, TheGridsHeadingsComeFromTheColumnList) {
-    EXPECT_EQ(logHeadings({"rstr1", "rsts2", "ps", "mode"}),
-              QStringList({"RST принят", "Передан", "Множ. 2", "Вид"}));
-    // every grid column is a column of the log
+TEST_F(LogStoreTest, EveryGridColumnIsAColumnOfTheLog) {
     for (const QString& c : logGridColumns())
         EXPECT_NE(logColumnNamed(c), nullptr) << c.toStdString();
 }

