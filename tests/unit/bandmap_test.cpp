@@ -103,17 +103,6 @@ TEST_F(BandmapTest, CtrlArrowsTakeTheNextSpotWithItsLookupsAndMoveTheRig) {
     EXPECT_EQ(qsy.last(), 21020.0);
 }
 
-// The next spot counted from the radio's frequency: SpotListTest and, with the real radio,
-// RigTest.ASpotTakenFromTheBandMap...; a radio on another band leaves the map's own order.
-TEST_F(BandmapTest, ARadioOnAnotherBandLeavesTheMapsOwnOrder) {
-    QString rigkhz = "7010.0"; // as the rig link reports it
-    form->var("rigkhz", rigkhz);
-    spot("DL1ABC", "14025.0");
-    spot("JA1XYZ", "14005.0");
-    form->pressKey(Down, Ctrl);
-    EXPECT_EQ(text("txtcall"), "JA1XYZ");
-}
-
 TEST_F(BandmapTest, ACommandWithoutALinkStaysInTheBox) {
     form->mnucluster_Click();
     EXPECT_TRUE(form->frcluster->visible());
@@ -138,8 +127,6 @@ struct BandmapClusterTest : hfc::test::FormFixture {
         FormFixture::SetUp();
         server = std::make_unique<ClusterServer>();
         settings.clusterHost = server->address();
-    }
-    void open() {
         Env env = form->env();
         env.settings = &settings;
         form = std::make_unique<ContestForm>(env);
@@ -157,7 +144,6 @@ struct BandmapClusterTest : hfc::test::FormFixture {
 } // namespace
 
 TEST_F(BandmapClusterTest, SpotsFromTheClusterReachTheMapAndTheLinkComesBack) {
-    open();
     EXPECT_TRUE(form->frcluster->visible());
     ASSERT_TRUE(waitFor([&] { return server->received == QStringList({"UA3ABC"}); }))
         << "logged in with the station's call as typed";
@@ -183,11 +169,4 @@ TEST_F(BandmapClusterTest, SpotsFromTheClusterReachTheMapAndTheLinkComesBack) {
     ASSERT_TRUE(waitFor([&] { return server->received.size() == 3; }));
     EXPECT_EQ(server->received[2], "SH/DX 10");
     EXPECT_EQ(text("txtcluster"), "");
-}
-
-TEST_F(BandmapClusterTest, TheLoginSetForTheClusterComesFirst) {
-    settings.clusterLogin = "UA3ABC-2";
-    open();
-    ASSERT_TRUE(waitFor([&] { return !server->received.isEmpty(); }));
-    EXPECT_EQ(server->received, QStringList({"UA3ABC-2"}));
 }

@@ -12,7 +12,7 @@ using hfc::test::FormFixture;
 
 namespace {
 
-constexpr int F3 = 114, F4 = 115, F7 = 118, F9 = 120;
+constexpr int F3 = 114, F4 = 115, F7 = 118;
 
 struct KeyerMessagesTest : FormFixture {
     hfc::test::QtApp qt;
@@ -76,7 +76,6 @@ TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
     form->txtrstr->setText("14");
     form->txtf4->setText("{CALL} DE {MYCALL}");
     form->txtf7->setText("{RST} {NR}");
-    form->txtf9->setText("{EXCH}?");
     form->pressKey(F4);
     EXPECT_EQ(form->cwtext, "DL1XYZ DE UA3ABC");
     form->pressKey(F7);
@@ -84,8 +83,6 @@ TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
     form->lblrsts->setText("579");
     form->pressKey(F7);
     EXPECT_EQ(form->cwtext, "579 oo1");
-    form->pressKey(F9);
-    EXPECT_EQ(form->cwtext, "14?");
     form->lbltest->setText("{CALL}");
     form->pressKey(113);
     EXPECT_EQ(form->cwtext, "{CALL}") << "F2 is a fixed text";
@@ -126,6 +123,18 @@ TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {
     EXPECT_EQ(messages, QStringList{"TU UA3ABC"});
     EXPECT_EQ(logged(), "DL1XYZ");
     EXPECT_EQ(form->focusName(), "txtcall");
+}
+
+// The F-key factors and F1 in WAE are played through in the keyer_keys scenario, a busy port
+// in KeyerChoiceTest.
+TEST_F(KeyerMessagesTest, ThePortOptionsChooseTheComPort) {
+    form->TXTNCALL->setText("E");
+    for (const auto& [option, com] : {std::pair{"Option1(2)", 3}, {"Option1(0)", 1}}) {
+        form->click(option);
+        form->pressKey(F3);
+        form->keyer()->waitIdle();
+        EXPECT_EQ(port.lastCommPort(), com) << option;
+    }
 }
 
 TEST_F(KeyerMessagesTest, ARefusedExchangeIsNotThankedNorLogged) {

@@ -96,10 +96,7 @@ TEST_F(RestoreTest, TheSharedLogFollowsTheRestoredLog) {
     settings.broker = QStringLiteral("127.0.0.1:%1").arg(hfc::test::freePort());
     settings.logid = "test";
     settings.node = "run";
-    Env env;
-    env.db = &db;
-    env.ui = &ui;
-    env.clock = &clock;
+    Env env = form->env();
     env.settings = &settings;
     form = std::make_unique<ContestForm>(env);
     form->Form_Load();
@@ -116,24 +113,6 @@ TEST_F(RestoreTest, TheSharedLogFollowsTheRestoredLog) {
     logCalls(db.contest, {"F5CC"});
     form->multiop()->flushLocal();
     EXPECT_EQ(form->multiop()->pending(), pending + 1);
-}
-
-TEST_F(RestoreTest, NoAnswerOrABadFileLeavesTheLogAsItIs) {
-    logCalls(db.contest, {"DL1AA"});
-    const QString notDb = dir.path() + "/notes.sqlite";
-    writeFile(notDb, "not a database at all, just some text");
-    ui.queueFile(notDb);
-    ui.queueAnswer(Ui::Answer::No);
-    form->call("mnurestore_Click", {});
-    ui.queueFile(notDb);
-    ui.queueAnswer(Ui::Answer::Yes);
-    ui.queueAnswer(Ui::Answer::Ok);
-    form->call("mnurestore_Click", {});
-    const QStringList shown = ui.takeShown();
-    EXPECT_TRUE(holds(shown.last(), {"не годится", "notes.sqlite"}));
-    EXPECT_EQ(calls(db.contest), QStringList({"DL1AA"}));
-    EXPECT_FALSE(QDir(backupFolder()).exists());
-    EXPECT_EQ(readFile(notDb), "not a database at all, just some text");
 }
 
 // The README's old advice (copy the backup over the log) let SQLite replay a crash's -wal onto
