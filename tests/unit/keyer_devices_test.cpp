@@ -23,7 +23,6 @@
 #include <chrono>
 #include <cmath>
 #include <fcntl.h>
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -156,25 +155,12 @@ TEST_F(CwdaemonTest, EscAbortsTheMessage) {
     EXPECT_EQ(keyer.lastReply(), "break") << "the daemon's answer to an aborted message";
 }
 
-struct RigctldTest : ::testing::Test {
+TEST(RigctldKeyerTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
     hfc::test::Rigctld daemon;
-    quint16 port = 0;
+    ASSERT_TRUE(daemon.start()) << "rigctld did not start";
     QStringList errors;
-    void SetUp() override {
-        ASSERT_TRUE(daemon.start()) << "rigctld did not start";
-        port = daemon.port();
-    }
-    // The radio's keyer speed as rigctld reports it to another client.
-    QByteArray radioSpeed() {
-        Fd fd = connectTcp("127.0.0.1", port, 1000);
-        writeAll(fd.get(), "l KEYSPD\n");
-        return readBytes(fd.get(), 3, 2000).trimmed();
-    }
-};
-
-TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
-    RigctldKeyer keyer("127.0.0.1", port);
-    keyer.setErrorHandler([this](const QString& m) { errors << m; });
+    RigctldKeyer keyer("127.0.0.1", daemon.port());
+    keyer.setErrorHandler([&](const QString& m) { errors << m; });
     keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
     EXPECT_TRUE(keyer.busy()) << "the radio is given the message's time";
     keyer.abort();
@@ -184,7 +170,7 @@ TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
     ASSERT_EQ(replies.size(), 3) << "L KEYSPD, b, \\stop_morse";
     EXPECT_EQ(replies[0], 0);
     EXPECT_EQ(replies[1], 0);
-    EXPECT_EQ(radioSpeed(), "25");
+    EXPECT_EQ(daemon.rigctl("l KEYSPD"), "25") << "as another client reads it";
     // The dummy radio cannot stop its keyer; that is no message for the operator.
     EXPECT_TRUE(errors.isEmpty()) << errors.join('\n').toStdString();
 }

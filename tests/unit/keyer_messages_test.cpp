@@ -62,11 +62,6 @@ TEST_F(KeyerMessagesTest, F3SendsTheFullCallNotTheBoxesCut) {
     EXPECT_EQ(text("TXTNCALL"), "ABC") << "the box keeps its cut";
     form->pressKey(F3);
     EXPECT_EQ(form->cwtext, "UA3ABC");
-    // Before the own call is entered, the box is all there is.
-    form->owncall.clear();
-    form->TXTNCALL->setText("RK3A");
-    form->pressKey(F3);
-    EXPECT_EQ(form->cwtext, "RK3A");
 }
 
 TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
