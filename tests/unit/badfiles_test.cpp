@@ -231,7 +231,7 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
             .arg(w->lblstatus->text())
             .arg(win.ui.takeShown().filter("msgbox").size());
     });
-    // (the command line's exit code and message for a refused write: see the full-disk test)
+    // (the command line's exit code and message for a refused write: ExportTest)
     EXPECT_EQ(result,
               QString("0|Не удалось записать файл: %1/UA3ABC.LOG (нет прав на запись)|0").arg(out));
     EXPECT_EQ(readFile(out + "/UA3ABC.LOG"), "earlier report\n");

@@ -11,7 +11,6 @@
 #include "keyer/keyport.h"
 
 #include <QDebug>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>

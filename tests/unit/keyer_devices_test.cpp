@@ -23,7 +23,6 @@
 #include <chrono>
 #include <cmath>
 #include <fcntl.h>
-#include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 

@@ -11,9 +11,6 @@
 #include "testfiles.h"
 
 #include <QDir>
-#include <QFile>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace hfc;
 using namespace hfc::test;
