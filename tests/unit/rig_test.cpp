@@ -61,7 +61,6 @@ struct RigTest : hfc::test::FormFixture {
 
 TEST_F(RigTest, BandModeAndFrequencyFollowTheRadio) {
     connected();
-    EXPECT_FALSE(form->lblrig->backcolor() == "#ff0000");
     EXPECT_TRUE(text("lblrig").contains(daemon.address()));
     form->setFocus("txtrstr"); // the operator is typing the exchange meanwhile
     tune("21025000", "21025.0");
@@ -127,16 +126,13 @@ TEST_F(RigTest, EachQsoKeepsTheRadiosFrequencyInTheLog) {
         form->wwodadd();
     };
     log("DL1ABC");
-    EXPECT_EQ(db.contest.scalar("SELECT freq FROM tbllog WHERE ccall = 'DL1ABC'"), "14025.6");
 
     daemon.stop(); // the daemon is gone: no frequency rather than a stale one
     ASSERT_TRUE(waitFor([&] { return lost(); }));
     EXPECT_EQ(text("lblfreq"), "");
-    clock.advance(60);
-    form->txtdate->setText("30.11.02");
-    form->txttime->setText("12:06:00");
     log("DL2ABC");
-    EXPECT_EQ(db.contest.scalar("SELECT freq FROM tbllog WHERE ccall = 'DL2ABC'"), "");
+    EXPECT_EQ(db.contest.column("SELECT ccall || ' ' || freq FROM tbllog ORDER BY rowid"),
+              QStringList({"DL1ABC 14025.6", "DL2ABC "}));
     // how the files write a stored or missing frequency: see the frequency-column tests
 }
 
@@ -187,24 +183,20 @@ TEST_F(RigTest, ARadioOnThisComputerNeedsNoDaemon) {
 TEST_F(RigTest, SettingsWindowPointsTheProgramAtTheRadio) {
     settings = StationSettings{};
     openWindow();
-    EXPECT_EQ(form->rig(), nullptr);
     EXPECT_FALSE(form->lblrig->visible());
     form->mnusettings_Click();
     auto* w = static_cast<SettingsForm*>(form->subForm("settings"));
     ASSERT_NE(w, nullptr);
-    ASSERT_TRUE(w->isShown());
 
     // (what the window refuses and what it writes to the file: settings_test.cpp)
     w->txtrigctld->setText(daemon.address());
     w->cmdsave_Click();
     ASSERT_TRUE(waitFor([&] { return online(); }));
-    tune("14030000", "14030.0");
-    EXPECT_EQ(form->curband, "14");
 }
 
 } // namespace
 
-TEST_F(RigTest, ASpotTakenFromTheBandMapMovesTheRadioAndTheNextIsCountedFromIt) {
+TEST_F(RigTest, ASpotTakenFromTheBandMapIsCountedFromTheRadioAndMovesIt) {
     connected();
     form->click(form->cmbband[3]);
     ASSERT_TRUE(radioAt("14010000"));
@@ -215,9 +207,4 @@ TEST_F(RigTest, ASpotTakenFromTheBandMapMovesTheRadioAndTheNextIsCountedFromIt) 
     form->pressKey(keys::Down, 2); // the next spot up from the radio's 14010.0
     EXPECT_EQ(text("txtcall"), "DL1ABC");
     EXPECT_TRUE(radioAt("14020000"));
-    // The operator tunes past the second spot by hand: the next one down is counted from there.
-    tune("14035000", "14035.0");
-    form->pressKey(keys::Up, 2);
-    EXPECT_EQ(text("txtcall"), "JA1XYZ");
-    EXPECT_TRUE(radioAt("14030000"));
 }
