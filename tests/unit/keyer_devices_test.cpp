@@ -112,10 +112,13 @@ TEST(DeviceText, TheElementsComeBackAsTheDevicesCharacters) {
     EXPECT_EQ(unitsOfCwCode(cw("PARIS ")), 48);
 }
 
-TEST(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25WpmAndEscAbortsTheNext) {
+struct CwdaemonTest : ::testing::Test {
     Daemon daemon;
     quint16 port = freePort(SOCK_DGRAM);
-    ASSERT_TRUE(startCwdaemon(daemon, port)) << "cwdaemon did not start";
+    void SetUp() override { ASSERT_TRUE(startCwdaemon(daemon, port)) << "cwdaemon did not start"; }
+};
+
+TEST_F(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25Wpm) {
     CwDaemonKeyer keyer("127.0.0.1", port);
     QStringList errors;
     keyer.setErrorHandler([&](const QString& m) { errors << m; });
@@ -138,7 +141,12 @@ TEST(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25WpmAndEscAbortsTheNext) {
     const double best = *std::min_element(took.begin(), took.end());
     EXPECT_NEAR(best, expected, expected * 0.10) << "expected " << expected << " s";
     EXPECT_TRUE(errors.isEmpty());
+}
 
+// On a daemon of its own: after the timed messages on one daemon, the answer to an abort did not
+// always come within the wait.
+TEST_F(CwdaemonTest, EscAbortsTheMessage) {
+    CwDaemonKeyer keyer("127.0.0.1", port);
     keyer.send(cw("CQ CQ TEST UA3ABC UA3ABC TEST"), kUnit25Wpm, kUnit25Wpm);
     QThread::msleep(200);
     ASSERT_TRUE(keyer.busy());
