@@ -57,15 +57,11 @@ TEST(MessageText, VariablesAreReplacedAndUnknownNamesKept) {
     EXPECT_EQ(expandMessageText("no braces", f), "no braces");
 }
 
-TEST_F(KeyerMessagesTest, F3SendsTheFullCallNotTheBoxesCut) {
+TEST_F(KeyerMessagesTest, F3SendsTheFullCallOperatorTextsTakeVariablesTheFixedOnesDoNot) {
     ownCall("UA3ABC");
     EXPECT_EQ(text("TXTNCALL"), "ABC") << "the box keeps its cut";
     form->pressKey(F3);
     EXPECT_EQ(form->cwtext, "UA3ABC");
-}
-
-TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
-    ownCall("UA3ABC");
     form->txtcall->setText("DL1XYZ");
     form->txtrsts->setText("001");
     form->txtrstr->setText("14");
