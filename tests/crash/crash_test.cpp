@@ -8,27 +8,18 @@
 //                        [--fresh-every N] [--seed S]
 #include "data/db.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QString>
 #include <QStringList>
 #include <algorithm>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
 #include <map>
-#include <poll.h>
 #include <random>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
-
-using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -39,69 +30,27 @@ struct Options {
 };
 
 struct Outcome {
-    std::vector<QString> lines; // complete lines of standard output
-    bool killed = false;        // still running at the deadline
+    QStringList lines;   // complete lines of standard output
+    bool killed = false; // still running at the deadline
     int exitCode = -1;
 };
 
 // Runs the driver on the script, kills it after delayMs (if it is still running) and returns
 // every complete line it printed before that.
 Outcome runDriver(const Options& o, const QString& data, const QString& script, int delayMs) {
+    QProcess p;
+    p.setStandardErrorFile(o.work + "/driver.err");
+    p.start(o.driver, {"--data-dir", data, script});
     Outcome out;
-    int fds[2];
-    if (pipe(fds) != 0) return out;
-    const QByteArray driver = QFile::encodeName(o.driver);
-    const QByteArray dataArg = QFile::encodeName(data);
-    const QByteArray scriptArg = QFile::encodeName(script);
-    const QByteArray errFile = QFile::encodeName(o.work + "/driver.err");
-    const pid_t pid = fork();
-    if (pid == 0) {
-        dup2(fds[1], 1);
-        const int err = open(errFile.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        if (err >= 0) dup2(err, 2);
-        close(fds[0]);
-        close(fds[1]);
-        execl(driver.constData(), driver.constData(), "--data-dir", dataArg.constData(),
-              scriptArg.constData(), static_cast<char*>(nullptr));
-        _exit(127);
+    if (!p.waitForFinished(delayMs) && p.state() != QProcess::NotRunning) {
+        p.kill(); // SIGKILL
+        p.waitForFinished(-1);
+        out.killed = p.exitStatus() == QProcess::CrashExit; // or it ended just before the kill
     }
-    close(fds[1]);
-    const auto deadline = Clock::now() + std::chrono::milliseconds(delayMs);
-    std::string buffer;
-    bool eof = false;
-    const auto drain = [&](int timeoutMs) {
-        pollfd p{fds[0], POLLIN, 0};
-        if (poll(&p, 1, timeoutMs) <= 0) return;
-        char chunk[4096];
-        const ssize_t n = read(fds[0], chunk, sizeof chunk);
-        if (n <= 0) {
-            eof = true;
-            return;
-        }
-        buffer.append(chunk, size_t(n));
-    };
-    while (!eof) {
-        const auto left =
-            std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
-        if (left <= 0) {
-            kill(pid, SIGKILL);
-            out.killed = true;
-            break;
-        }
-        drain(int(left));
-    }
-    // What the driver printed before it died is in the pipe still.
-    while (!eof) drain(-1);
-    close(fds[0]);
-    int status = 0;
-    waitpid(pid, &status, 0);
-    if (WIFEXITED(status)) {
-        out.exitCode = WEXITSTATUS(status);
-        out.killed = false; // it ended on its own just before the kill
-    }
-    size_t start = 0;
-    for (size_t nl; (nl = buffer.find('\n', start)) != std::string::npos; start = nl + 1)
-        out.lines.push_back(QString::fromUtf8(buffer.data() + start, qsizetype(nl - start)));
+    if (p.exitStatus() == QProcess::NormalExit) out.exitCode = p.exitCode();
+    // What the driver printed before it died is in the pipe still; a cut last line is dropped.
+    const QString text = QString::fromUtf8(p.readAllStandardOutput());
+    out.lines = text.left(text.lastIndexOf('\n') + 1).split('\n', Qt::SkipEmptyParts);
     return out;
 }
 
@@ -140,6 +89,7 @@ int fail(const Options& o, int run, const QString& why) {
 } // namespace
 
 int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv); // QProcess watches its children through it
     Options o;
     const std::map<std::string, QString*> texts = {{"--driver", &o.driver}, {"--work", &o.work}};
     const std::map<std::string, int*> numbers = {{"--runs", &o.runs},

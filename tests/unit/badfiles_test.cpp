@@ -155,27 +155,12 @@ TEST_F(BadFilesTest, ReadOnlyReferenceTableOpensAndAWriteIntoItIsReported) {
     EXPECT_EQ(digest(path("dbdxcc1.sqlite")), before);
 }
 
-TEST_F(BadFilesTest, ReadOnlyDataFolderIsRefusedWithOrWithoutItsFiles) {
+TEST_F(BadFilesTest, ReadOnlyDataFolderIsRefused) {
     shareFolder(0555, 0666);
     const auto before = digests();
     EXPECT_TRUE(holds(unprivileged([this] { return openError(data); }),
                       {"^Нет права записи в папку данных", data}));
     EXPECT_EQ(digests(), before);
-
-    const QString bare = dir.path() + "/bare";
-    QDir().mkpath(bare);
-    chmod(QFile::encodeName(bare).constData(), 0555);
-    EXPECT_TRUE(
-        holds(unprivileged([&] { return openError(bare); }), {"^Нет права записи в папку данных"}));
-    EXPECT_TRUE(QDir(bare).entryList(QDir::Files | QDir::Hidden).isEmpty());
-}
-
-TEST_F(BadFilesTest, MissingStationLogIsSeededAgainBesideTheKeptLog) {
-    ASSERT_TRUE(QFile::remove(path("dbiaru.sqlite")));
-    OpenedData db(data);
-    EXPECT_EQ(db.contest.count("SELECT * FROM tbllog"), 2000);
-    EXPECT_EQ(db.iaru.count("SELECT * FROM tbllog1"), 0);
-    EXPECT_FALSE(QFileInfo::exists(path("dbiaru.sqlite") + ".new"));
 }
 
 TEST_F(BadFilesTest, AStartCutShortWhileSeedingLeavesNothingTheNextStartRefuses) {
@@ -246,7 +231,7 @@ TEST_F(BadFilesTest, ReportIntoAFolderWithoutWriteRightsFailsQuietlyAndKeepsTheO
             .arg(w->lblstatus->text())
             .arg(win.ui.takeShown().filter("msgbox").size());
     });
-    // (the command line's exit code and message for a refused write: see the full-disk test)
+    // (the command line's exit code and message for a refused write: ExportTest)
     EXPECT_EQ(result,
               QString("0|Не удалось записать файл: %1/UA3ABC.LOG (нет прав на запись)|0").arg(out));
     EXPECT_EQ(readFile(out + "/UA3ABC.LOG"), "earlier report\n");

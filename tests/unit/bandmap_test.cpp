@@ -96,22 +96,6 @@ TEST_F(BandmapTest, CtrlArrowsTakeTheNextSpotWithItsLookupsAndMoveTheRig) {
     EXPECT_EQ(text("txtcall"), "DL1ABC");
     EXPECT_EQ(qsy, QList<double>({14005.0, 14025.0, 14040.5, 14025.0}));
     EXPECT_EQ(form->focused(), form->txtcall) << "Ctrl+Up is no way to the band buttons";
-    // On another band the first Ctrl+Up takes its highest spot.
-    form->cmbband_Click(4);
-    form->pressKey(Up, Ctrl);
-    EXPECT_EQ(text("txtcall"), "K1AR");
-    EXPECT_EQ(qsy.last(), 21020.0);
-}
-
-// The next spot counted from the radio's frequency: SpotListTest and, with the real radio,
-// RigTest.ASpotTakenFromTheBandMap...; a radio on another band leaves the map's own order.
-TEST_F(BandmapTest, ARadioOnAnotherBandLeavesTheMapsOwnOrder) {
-    QString rigkhz = "7010.0"; // as the rig link reports it
-    form->var("rigkhz", rigkhz);
-    spot("DL1ABC", "14025.0");
-    spot("JA1XYZ", "14005.0");
-    form->pressKey(Down, Ctrl);
-    EXPECT_EQ(text("txtcall"), "JA1XYZ");
 }
 
 TEST_F(BandmapTest, ACommandWithoutALinkStaysInTheBox) {
@@ -138,8 +122,6 @@ struct BandmapClusterTest : hfc::test::FormFixture {
         FormFixture::SetUp();
         server = std::make_unique<ClusterServer>();
         settings.clusterHost = server->address();
-    }
-    void open() {
         Env env = form->env();
         env.settings = &settings;
         form = std::make_unique<ContestForm>(env);
@@ -157,7 +139,6 @@ struct BandmapClusterTest : hfc::test::FormFixture {
 } // namespace
 
 TEST_F(BandmapClusterTest, SpotsFromTheClusterReachTheMapAndTheLinkComesBack) {
-    open();
     EXPECT_TRUE(form->frcluster->visible());
     ASSERT_TRUE(waitFor([&] { return server->received == QStringList({"UA3ABC"}); }))
         << "logged in with the station's call as typed";
@@ -183,11 +164,4 @@ TEST_F(BandmapClusterTest, SpotsFromTheClusterReachTheMapAndTheLinkComesBack) {
     ASSERT_TRUE(waitFor([&] { return server->received.size() == 3; }));
     EXPECT_EQ(server->received[2], "SH/DX 10");
     EXPECT_EQ(text("txtcluster"), "");
-}
-
-TEST_F(BandmapClusterTest, TheLoginSetForTheClusterComesFirst) {
-    settings.clusterLogin = "UA3ABC-2";
-    open();
-    ASSERT_TRUE(waitFor([&] { return !server->received.isEmpty(); }));
-    EXPECT_EQ(server->received, QStringList({"UA3ABC-2"}));
 }

@@ -23,8 +23,6 @@
 #include <chrono>
 #include <cmath>
 #include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
 
@@ -110,26 +108,20 @@ TEST(DeviceText, TheElementsComeBackAsTheDevicesCharacters) {
     EXPECT_EQ(textForCwCode(cw("A-B"), kCwdaemonAlphabet), "AB");
     EXPECT_EQ(textForCwCode(cw("A-B"), kWinkeyerAlphabet), "A-B");
     EXPECT_EQ(textForCwCode(cw(""), kCwdaemonAlphabet), "");
-}
-
-TEST(DeviceText, UnitsAndSpeed) {
     // PARIS and its word gap: 50 units, less the last "0", which the PTT tail stands in for.
     EXPECT_EQ(unitsOfCwCode(cw("PARIS ")), 48);
-    EXPECT_EQ(deviceWpm(kUnit25Wpm, 4, 60), 25);
-    EXPECT_EQ(deviceWpm(3000, 4, 60), 60);   // the bar's fast end
-    EXPECT_EQ(deviceWpm(300000, 5, 99), 13); // its slow end
 }
 
 struct CwdaemonTest : ::testing::Test {
     Daemon daemon;
     quint16 port = freePort(SOCK_DGRAM);
-    QStringList errors;
     void SetUp() override { ASSERT_TRUE(startCwdaemon(daemon, port)) << "cwdaemon did not start"; }
 };
 
 TEST_F(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25Wpm) {
     CwDaemonKeyer keyer("127.0.0.1", port);
-    keyer.setErrorHandler([this](const QString& m) { errors << m; });
+    QStringList errors;
+    keyer.setErrorHandler([&](const QString& m) { errors << m; });
     const QString code = cw("CQ TEST UA3ABC");
     // The daemon also plays the gap that ends the last character before it answers.
     const double expected = 0.048 * double(unitsOfCwCode(code) + 2);
@@ -151,6 +143,8 @@ TEST_F(CwdaemonTest, AMessageIsEchoedAfterItsTimeAt25Wpm) {
     EXPECT_TRUE(errors.isEmpty());
 }
 
+// On a daemon of its own: after the timed messages on one daemon, the answer to an abort did not
+// always come within the wait.
 TEST_F(CwdaemonTest, EscAbortsTheMessage) {
     CwDaemonKeyer keyer("127.0.0.1", port);
     keyer.send(cw("CQ CQ TEST UA3ABC UA3ABC TEST"), kUnit25Wpm, kUnit25Wpm);
@@ -162,25 +156,12 @@ TEST_F(CwdaemonTest, EscAbortsTheMessage) {
     EXPECT_EQ(keyer.lastReply(), "break") << "the daemon's answer to an aborted message";
 }
 
-struct RigctldTest : ::testing::Test {
+TEST(RigctldKeyerTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
     hfc::test::Rigctld daemon;
-    quint16 port = 0;
+    ASSERT_TRUE(daemon.start()) << "rigctld did not start";
     QStringList errors;
-    void SetUp() override {
-        ASSERT_TRUE(daemon.start()) << "rigctld did not start";
-        port = daemon.port();
-    }
-    // The radio's keyer speed as rigctld reports it to another client.
-    QByteArray radioSpeed() {
-        Fd fd = connectTcp("127.0.0.1", port, 1000);
-        writeAll(fd.get(), "l KEYSPD\n");
-        return readBytes(fd.get(), 3, 2000).trimmed();
-    }
-};
-
-TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
-    RigctldKeyer keyer("127.0.0.1", port);
-    keyer.setErrorHandler([this](const QString& m) { errors << m; });
+    RigctldKeyer keyer("127.0.0.1", daemon.port());
+    keyer.setErrorHandler([&](const QString& m) { errors << m; });
     keyer.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
     EXPECT_TRUE(keyer.busy()) << "the radio is given the message's time";
     keyer.abort();
@@ -190,7 +171,7 @@ TEST_F(RigctldTest, SpeedAndTextGoToTheRadioAndEscStopsIt) {
     ASSERT_EQ(replies.size(), 3) << "L KEYSPD, b, \\stop_morse";
     EXPECT_EQ(replies[0], 0);
     EXPECT_EQ(replies[1], 0);
-    EXPECT_EQ(radioSpeed(), "25");
+    EXPECT_EQ(daemon.rigctl("l KEYSPD"), "25") << "as another client reads it";
     // The dummy radio cannot stop its keyer; that is no message for the operator.
     EXPECT_TRUE(errors.isEmpty()) << errors.join('\n').toStdString();
 }
@@ -270,15 +251,13 @@ TEST_F(WinkeyerTest, HostOpenSpeedTextStatusClearAndClose) {
     EXPECT_TRUE(errors.isEmpty());
 }
 
-TEST_F(WinkeyerTest, ASilentOrMissingDeviceIsReported) {
-    WinKeyer silent(keyerSide), missing(dir.filePath("none"));
-    for (WinKeyer* k : {&silent, &missing}) {
-        k->setErrorHandler([this](const QString& m) { errors << m; });
-        k->send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
-    }
+// (a device that does not open: KeyerChoiceTest)
+TEST_F(WinkeyerTest, ASilentDeviceIsReported) {
+    WinKeyer silent(keyerSide);
+    silent.setErrorHandler([this](const QString& m) { errors << m; });
+    silent.send(cw("TEST"), kUnit25Wpm, kUnit25Wpm);
     EXPECT_EQ(readBytes(device.get(), 2, 1000), QByteArray("\x00\x02", 2));
-    EXPECT_EQ(errors, (QStringList{"Winkeyer не отвечает на " + keyerSide,
-                                   "Winkeyer: не открывается " + dir.filePath("none")}));
+    EXPECT_EQ(errors, QStringList{"Winkeyer не отвечает на " + keyerSide});
 }
 
 // The window with a network or radio keyer chosen never speaks of a serial port.
@@ -304,7 +283,7 @@ struct KeyerChoiceTest : hfc::test::FormFixture {
     }
 };
 
-TEST_F(KeyerChoiceTest, CwdaemonKeysAndTheSerialPortStaysOut) {
+TEST_F(KeyerChoiceTest, CwdaemonKeysTheSerialPortStaysOutAndAFailingDeviceIsNamed) {
     Daemon daemon;
     quint16 udp = freePort(SOCK_DGRAM);
     ASSERT_TRUE(startCwdaemon(daemon, udp));
@@ -324,20 +303,14 @@ TEST_F(KeyerChoiceTest, CwdaemonKeysAndTheSerialPortStaysOut) {
     ui.queueAnswer(Ui::Answer::Ok);
     form->pressKey(113);
     EXPECT_EQ(shown(), QStringList{"msgbox\tПорт занят\tОшибка !!!\tok"});
-}
 
-TEST_F(KeyerChoiceTest, ADeviceThatFailsSaysWhichNotPortBusy) {
+    // A device that fails says which, not "Порт занят".
     settings.winkeyer = "/nonexistent/ttyWK";
-    settings.rigctld = "localhost";
-    for (const auto& [backend, said] :
-         {std::pair{"winkeyer", "Winkeyer: не открывается /nonexistent/ttyWK"},
-          {"rigctld", "Неверный адрес rigctld: localhost"}}) {
-        settings.keyerBackend = backend;
-        ui.queueAnswer(Ui::Answer::Ok);
-        form->pressKey(113);
-        EXPECT_EQ(shown(), QStringList{QString("msgbox\t%1\tОшибка !!!\tok").arg(said)});
-    }
-    EXPECT_TRUE(port.takeEvents().empty());
+    settings.keyerBackend = "winkeyer";
+    ui.queueAnswer(Ui::Answer::Ok);
+    form->pressKey(113);
+    EXPECT_EQ(shown(),
+              QStringList{"msgbox\tWinkeyer: не открывается /nonexistent/ttyWK\tОшибка !!!\tok"});
 }
 
 } // namespace

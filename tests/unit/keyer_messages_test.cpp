@@ -12,7 +12,7 @@ using hfc::test::FormFixture;
 
 namespace {
 
-constexpr int F3 = 114, F4 = 115, F7 = 118, F9 = 120;
+constexpr int F3 = 114, F4 = 115, F7 = 118;
 
 struct KeyerMessagesTest : FormFixture {
     hfc::test::QtApp qt;
@@ -57,26 +57,16 @@ TEST(MessageText, VariablesAreReplacedAndUnknownNamesKept) {
     EXPECT_EQ(expandMessageText("no braces", f), "no braces");
 }
 
-TEST_F(KeyerMessagesTest, F3SendsTheFullCallNotTheBoxesCut) {
+TEST_F(KeyerMessagesTest, F3SendsTheFullCallOperatorTextsTakeVariablesTheFixedOnesDoNot) {
     ownCall("UA3ABC");
     EXPECT_EQ(text("TXTNCALL"), "ABC") << "the box keeps its cut";
     form->pressKey(F3);
     EXPECT_EQ(form->cwtext, "UA3ABC");
-    // Before the own call is entered, the box is all there is.
-    form->owncall.clear();
-    form->TXTNCALL->setText("RK3A");
-    form->pressKey(F3);
-    EXPECT_EQ(form->cwtext, "RK3A");
-}
-
-TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
-    ownCall("UA3ABC");
     form->txtcall->setText("DL1XYZ");
     form->txtrsts->setText("001");
     form->txtrstr->setText("14");
     form->txtf4->setText("{CALL} DE {MYCALL}");
     form->txtf7->setText("{RST} {NR}");
-    form->txtf9->setText("{EXCH}?");
     form->pressKey(F4);
     EXPECT_EQ(form->cwtext, "DL1XYZ DE UA3ABC");
     form->pressKey(F7);
@@ -84,8 +74,6 @@ TEST_F(KeyerMessagesTest, OperatorTextsTakeVariablesTheFixedOnesDoNot) {
     form->lblrsts->setText("579");
     form->pressKey(F7);
     EXPECT_EQ(form->cwtext, "579 oo1");
-    form->pressKey(F9);
-    EXPECT_EQ(form->cwtext, "14?");
     form->lbltest->setText("{CALL}");
     form->pressKey(113);
     EXPECT_EQ(form->cwtext, "{CALL}") << "F2 is a fixed text";
@@ -126,6 +114,18 @@ TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {
     EXPECT_EQ(messages, QStringList{"TU UA3ABC"});
     EXPECT_EQ(logged(), "DL1XYZ");
     EXPECT_EQ(form->focusName(), "txtcall");
+}
+
+// The F-key factors and F1 in WAE are played through in the keyer_keys scenario, a busy port
+// in KeyerChoiceTest.
+TEST_F(KeyerMessagesTest, ThePortOptionsChooseTheComPort) {
+    form->TXTNCALL->setText("E");
+    for (const auto& [option, com] : {std::pair{"Option1(2)", 3}, {"Option1(0)", 1}}) {
+        form->click(option);
+        form->pressKey(F3);
+        form->keyer()->waitIdle();
+        EXPECT_EQ(port.lastCommPort(), com) << option;
+    }
 }
 
 TEST_F(KeyerMessagesTest, ARefusedExchangeIsNotThankedNorLogged) {

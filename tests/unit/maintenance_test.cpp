@@ -12,23 +12,9 @@ using hfc::test::FormFixture;
 using hfc::test::readFile;
 using hfc::test::writeFile;
 
-namespace {
-
-const QString kTransferAsk = "msgbox\tПеренести данные в Журнал ?\tСохранение данных\tyesno";
-const QString kClearAsk = "msgbox\tОчистить Базу соревнований ?\tУдаление данных\tyesno";
-
-Ui::Answer yn(bool yes) {
-    return yes ? Ui::Answer::Yes : Ui::Answer::No;
-}
-
-} // namespace
-
 struct MaintenanceTest : FormFixture {
     void SetUp() override {
         FormFixture::SetUp();
-        fill();
-    }
-    void fill() {
         // two contests' rows: the transfer and the clearing take every contest
         for (const char* c : {"cqww", "wae"})
             db.contest.run("INSERT INTO tbllog (ccall, ddate, ttime, bband, mode, rsts, rstr, "
@@ -49,39 +35,18 @@ struct MaintenanceTest : FormFixture {
     QString counts() {
         return QString("%1 %2").arg(rows(db.contest, "tbllog")).arg(rows(db.contest, "tbllogTemp"));
     }
-    void vur(bool transfer, bool clear) {
-        ui.queueAnswer(yn(transfer));
-        ui.queueAnswer(yn(clear));
-        form->cmbvur_Click();
-    }
 };
 
-TEST_F(MaintenanceTest, EveryAnswerCombination) {
-    for (bool transfer : {false, true})
-        for (bool clear : {false, true}) {
-            SCOPED_TRACE(
-                QStringLiteral("transfer %1 clear %2").arg(transfer).arg(clear).toStdString());
-            db.iaru.exec("DELETE FROM tbllog1");
-            db.contest.exec("DELETE FROM tbllog");
-            fill();
-            vur(transfer, clear);
-            EXPECT_EQ(ui.takeShown(), QStringList({kTransferAsk, kClearAsk}));
-            EXPECT_EQ(rows(db.iaru, "tbllog1"), transfer ? 2 : 0);
-            // the QTC table is emptied whatever the answers
-            EXPECT_EQ(counts(), clear ? "0 0" : "2 0");
-        }
-}
-
-// A missing table is in the transfer scenario; a missing file is named.
-TEST_F(MaintenanceTest, MissingStationLogStopsTheCommandAndChangesNothing) {
-    ASSERT_TRUE(QFile::remove(dir.path() + "/dbiaru.sqlite"));
+// Both answered yes, and yes then no, are in the transfer_clear scenario.
+TEST_F(MaintenanceTest, ClearingWithoutTransferAsksBothAndEmptiesBothTables) {
+    ui.queueAnswer(Ui::Answer::No);
     ui.queueAnswer(Ui::Answer::Yes);
-    ui.queueAnswer(Ui::Answer::Ok);
     form->cmbvur_Click();
-    const QStringList shown = ui.takeShown();
-    ASSERT_EQ(shown.size(), 2);
-    EXPECT_TRUE(shown[1].contains("dbiaru.sqlite")) << shown[1].toStdString();
-    EXPECT_EQ(counts(), "2 1");
+    EXPECT_EQ(ui.takeShown(),
+              QStringList({"msgbox\tПеренести данные в Журнал ?\tСохранение данных\tyesno",
+                           "msgbox\tОчистить Базу соревнований ?\tУдаление данных\tyesno"}));
+    EXPECT_EQ(rows(db.iaru, "tbllog1"), 0);
+    EXPECT_EQ(counts(), "0 0");
 }
 
 TEST_F(MaintenanceTest, ClearingAnsweredNoStillEmptiesTheQtcTable) {
@@ -149,13 +114,10 @@ TEST_F(MaintenanceTest, QtcClearingBacksUpItsRows) {
 TEST_F(MaintenanceTest, ConversionRewritesTheChosenFileInDosCodePage) {
     const QString path = dir.path() + "/report.txt";
     writeFile(path, toWin1251("Дом\n"));
-    ui.queueFile(path);
-    form->mnuwindos_Click();
-    EXPECT_EQ(ui.takeShown(), QStringList({"open_file\tText_Files (*.txt)|*.txt|"}));
-    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n"));
-    // cancelled: nothing happens, no message
-    ui.queueFile("");
-    form->mnuwindos_Click();
-    EXPECT_EQ(ui.takeShown().size(), 1);
-    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n"));
+    for (const QString& chosen : {path, QString()}) { // the second time cancelled
+        ui.queueFile(chosen);
+        form->mnuwindos_Click();
+    }
+    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n")) << "converted once";
+    EXPECT_EQ(ui.takeShown().size(), 2) << "the file dialogs, no message";
 }

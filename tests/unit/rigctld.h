@@ -3,13 +3,10 @@
 // and `rigctl` through it to turn the radio's knobs as an operator would.
 #include "../support/freeport.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QTcpSocket>
 #include <QThread>
 #include <csignal>
-#include <functional>
 
 namespace hfc::test {
 
@@ -71,17 +68,5 @@ class Rigctld {
     quint16 port_;
     QProcess proc_;
 };
-
-// Runs the event loop until pred holds or ms have passed; pred's last value.
-inline bool waitUntil(const std::function<bool()>& pred, int ms) {
-    QElapsedTimer t;
-    t.start();
-    while (!pred()) {
-        if (t.elapsed() > ms) return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        QThread::msleep(10);
-    }
-    return true;
-}
 
 } // namespace hfc::test
