@@ -28,7 +28,7 @@ struct RaemTest : FormFixture {
 
 } // namespace
 
-// The plain distances and bonuses are in the scoring tables and the RAEM scenario.
+// The plain distances and bonuses are in the scoring tables.
 TEST_F(RaemTest, EdgesOfTheDistanceRule) {
     EXPECT_EQ(score("00140N30O"), std::make_pair(QString("22"), QString("kept"))); // west, south
     EXPECT_EQ(score("00102N02O").first, "88"); // 2 is inside the bounds
