@@ -1,6 +1,5 @@
 // The claimed score by the sponsors' rules: the rule families on rows as real calls resolve,
-// every contest of the menu known, and a CQ WW log typed through the entry line against a count
-// by hand.
+// every contest of the menu known, and a log rescored for a new own call.
 #include "contests/claimedscore.h"
 #include "contests/contestdef.h"
 #include "data/session.h"
@@ -148,87 +147,23 @@ TEST(ClaimedScore, EveryContestOfTheMenuHasItsSponsorsRules) {
 }
 
 TEST(ClaimedScore, NumericExchangesAreNumbers) {
-    EXPECT_EQ(contests::numericExchange("5"), "05");
-    EXPECT_EQ(contests::numericExchange("005"), "05");
-    EXPECT_EQ(contests::numericExchange("28"), "28");
-    EXPECT_EQ(contests::numericExchange("NY"), "NY");
-    EXPECT_EQ(contests::numericExchange(""), "");
+    for (const auto& [in, out] : {std::pair{"5", "05"}, {"005", "05"}, {"NY", "NY"}, {"", ""}})
+        EXPECT_EQ(contests::numericExchange(in), out) << in;
     EXPECT_TRUE(contests::hasNumericExchange("cqww"));
     EXPECT_FALSE(contests::hasNumericExchange("wpx")); // a serial keeps its zeros
 }
 
-// A CQ WW CW log on 40, 20 and 15 m typed as an operator would, from UA3ABC (zone 16).
-struct CqwwLog : EntryFixture {
-    void qso(const char* band, const char* call, const char* zone = nullptr) {
-        static const QStringList bands = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
-        if (form->curband != band) form->cmbband_Click(int(bands.indexOf(band)));
-        typeCall(call);
-        form->typeText("\r");
-        if (zone) form->typeText(zone);
-        form->typeText("\r");
-    }
-};
+using ClaimedScoreEntry = EntryFixture;
 
-TEST_F(CqwwLog, ClaimedScoreMatchesAHandCount) {
-    typeOwnCall("UA3ABC");
-    ui.queueInput("16");
-    form->fire("mnucqww_Click");
-    // 40 m
-    qso("7", "DL1ABC"); // 1  z14 DL
-    qso("7", "F5ABC");  // 1  -   F
-    qso("7", "UA3XYZ"); // 0  z16 UA
-    qso("7", "UA9FGR"); // 0  z17 (Perm: European Russia, no new country)
-    qso("7", "W1AW");   // 3  z05 K
-    qso("7", "JA1XYZ"); // 3  z25 JA
-    qso("7", "DL1ABC"); // dupe
-    qso("7", "9A1AA");  // 1  z15 9A
-    qso("7", "UA0AA");  // 3  z18 UA9
-    // 20 m
-    qso("14", "DL1ABC");    // 1  z14 DL
-    qso("14", "K1ABC");     // 3  z05 K
-    qso("14", "VK2ABC");    // 3  z30 VK
-    qso("14", "UA3XYZ");    // 0  z16 UA
-    qso("14", "OH2XX");     // 1  z15 OH
-    qso("14", "ZS6XX");     // 3  z38 ZS
-    qso("14", "W2XX", "5"); // 3  "5" is zone 05: nothing new
-    // 15 m
-    qso("21", "PY2XX");           // 3  z11 PY
-    qso("21", "W6XX");            // 3  z03 K
-    qso("21", "JA1XYZ");          // 3  z25 JA
-    qso("21", "DL1ABC/MM", "33"); // 1  z33, no country
-    // points 12 + 14 + 10 = 36; zones 7 + 6 + 4 = 17; countries 7 + 6 + 3 = 16
-    EXPECT_EQ(db.contest.count("SELECT rowid FROM tbllog WHERE rstr2 = '05'"), 3);
-    const ClaimedScore s = claimedScoreOfLog(db, "cqww", "UA3ABC", "16");
-    EXPECT_EQ(s.qsos, 19);
-    EXPECT_EQ(s.points, 36);
-    EXPECT_EQ(s.mults, 33);
-    EXPECT_EQ(s.total, 1188);
-    EXPECT_EQ(text("lblscore"), "Заявка: 36 оч. × 33 мн. = 1188");
-}
-
-// CQ WPX's worked example (rules as conval's rules/cq-wpx-cw.yaml gives them), typed through
-// the entry line from a German station: points by continent and band, prefixes once.
-TEST_F(CqwwLog, WpxWorkedExample) {
-    typeOwnCall("DL1XYZ");
-    form->fire("mnuwpx_Click");
-    qso("3,5", "K1AB", "001");   // 6, K1
-    qso("21", "K1AB", "002");    // 3
-    qso("3,5", "EA1ABC", "003"); // 2, EA1
-    qso("21", "EA2ABC", "004");  // 1, EA2
-    qso("3,5", "DL1ABC", "005"); // 1, DL1
-    qso("21", "DL1ABC", "006");  // 1
-    const ClaimedScore s = claimedScoreOfLog(db, "wpx", "DL1XYZ", form->myexch);
-    EXPECT_EQ(s.points, 14);
-    EXPECT_EQ(s.mults, 4);
-    EXPECT_EQ(text("lblscore"), "Заявка: 14 оч. × 4 мн. = 56");
-}
-
-TEST_F(CqwwLog, ANewOwnCallRescoresTheLog) {
+TEST_F(ClaimedScoreEntry, ANewOwnCallRescoresTheLog) {
     ui.queueInput("16");
     form->fire("mnucqww_Click");
     typeOwnCall("DL1XX");
-    qso("14", "DL1ABC"); // the entry line's table: 1 within Europe
-    qso("14", "UA3XYZ"); // 1
+    form->cmbband_Click(3);
+    for (const char* call : {"DL1ABC", "UA3XYZ"}) { // 1 each within Europe
+        typeCall(call);
+        form->typeText("\r\r");
+    }
     EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),
               QStringList({"1", "1"}));
     typeOwnCall("UA3ABC");

@@ -7,21 +7,14 @@ using hfc::test::FormFixture;
 namespace {
 
 struct MultTest : FormFixture {
-    QString check(const QString& contest, const QString& band, const QString& cand) {
-        form->contestcode = contest;
-        form->curband = band;
-        form->multcand = cand;
-        form->setMult("stale");
-        form->multcheck();
-        return text("txtmult");
-    }
-    QString pcheck(const QString& contest, const QString& band, const QString& cand) {
-        form->contestcode = contest;
-        form->curband = band;
-        form->pscand = cand;
-        form->setMult2("stale");
-        form->pscheck();
-        return text("txtmult2");
+    // What the live check leaves in the first multiplier's box, or with second the second's.
+    QString check(const QString& contest, const QString& band, const QString& cand,
+                  bool second = false) {
+        form->contestcode = contest, form->curband = band;
+        (second ? form->pscand : form->multcand) = cand;
+        second ? form->setMult2("stale") : form->setMult("stale");
+        second ? form->pscheck() : form->multcheck();
+        return text(second ? "txtmult2" : "txtmult");
     }
     void addMult(const QString& call, const QString& band, const QString& contest,
                  const QString& mult, const QString& rsts = "599") {
@@ -65,10 +58,10 @@ TEST_F(MultTest, EachContestChecksInItsOwnScope) {
         EXPECT_EQ(check(c.contest, c.band, c.cand), c.isNew);
     }
     // the second multiplier per band in every contest
-    EXPECT_EQ(pcheck("wpx", "14", "05"), "");
-    EXPECT_EQ(pcheck("wpx", "21", "05"), "05");
-    EXPECT_EQ(pcheck("cqww", "14", "14"), "");
-    EXPECT_EQ(pcheck("cqww", "14", "15"), "15");
+    EXPECT_EQ(check("wpx", "14", "05", true), "");
+    EXPECT_EQ(check("wpx", "21", "05", true), "05");
+    EXPECT_EQ(check("cqww", "14", "14", true), "");
+    EXPECT_EQ(check("cqww", "14", "15", true), "15");
 }
 
 TEST_F(MultTest, WorkedListTogglesAndFollowsTheCheckScope) {
