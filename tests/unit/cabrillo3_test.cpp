@@ -79,9 +79,6 @@ TEST(Cabrillo3, DefaultsFollowTheLog) {
     const QList<LogRow> log = standardRows("log.psv");
     const StationBoxes st = station("RZ3DXX", "0", "", "", "", "");
     const Cabrillo3Header rdxc = cabrillo3Defaults(st, "rudx", log);
-    const Cabrillo3Header cqww = cabrillo3Defaults(st, "cqww", log);
-    EXPECT_EQ(QStringList({cqww.categoryBand, cqww.categoryMode, cqww.contest}),
-              QStringList({"ALL", "CW", "CQ-WW-CW"}));
     QList<LogRow> phone = {log[12]}; // one SSB QSO of RDXC on 14
     EXPECT_EQ(cabrillo3Defaults(st, "rudx", phone).categoryMode, "SSB");
     EXPECT_EQ(cabrillo3Choices(Cabrillo3Category::Operator).first(), rdxc.categoryOperator);
