@@ -83,9 +83,7 @@ TEST(Writers, ChempListingChangesOnlyTheHeading) {
 TEST(Writers, EmptyLogAndEmptyBoxes) {
     EXPECT_TRUE(cabrilloFile(station(), {}).isEmpty());
     EXPECT_EQ(adifFile({}), QByteArray("<adif_ver:4>1.0<eoh>\r\n"));
-    EXPECT_EQ(logListing("lzo", {}),
-              QByteArray("   DATE    UTC  MHZ  CALL         RST SEND        RST RECEIVE      DXCC  "
-                         "ZONE POINTS \r\n"));
+    EXPECT_EQ(logListing("lzo", {}).count("\r\n"), 1); // the heading alone
     const QList<QByteArray> sum = summarySheet(SummaryBoxes{}).split('\n');
     ASSERT_EQ(sum.size(), 21); // 20 lines and the empty rest after the last line end
     EXPECT_EQ(sum[0], "CONTEST: \r");
