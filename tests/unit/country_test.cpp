@@ -34,14 +34,6 @@ TEST_F(CountryTest, RealCallsResolveToTheLongestMatchingRowAndRussianDistricts) 
     }
 }
 
-TEST_F(CountryTest, AnUnknownCallKeepsThePreviousValues) {
-    resolve("DL1ABC");
-    resolve("Q1ABC");
-    EXPECT_EQ(form->callpref, "DL");
-    EXPECT_EQ(form->callstrana, "FED. REP. OF G");
-    EXPECT_EQ(form->callprf, "Q1"); // the prefix cut does not need the table
-}
-
 TEST_F(CountryTest, PrefixIsCutOnEveryKeyFromTheSecondCharacter) {
     typeCall("O");
     EXPECT_EQ(form->callprf, "");
