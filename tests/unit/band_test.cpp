@@ -38,8 +38,6 @@ TEST(BandTable, TextsEdgesAndNames) {
         EXPECT_EQ(bandIndex(*bandFromText(texts[i])), i);
     }
     EXPECT_FALSE(bandFromText("1.8"));
-    EXPECT_FALSE(bandFromText("10"));
-    EXPECT_FALSE(bandFromText(""));
     EXPECT_STREQ(bandInfo(Band::B20).adif, "20m");
     EXPECT_STREQ(bandInfo(Band::B160).cabrillo, "160M");
 
@@ -47,15 +45,11 @@ TEST(BandTable, TextsEdgesAndNames) {
     EXPECT_EQ(bandOfKhz(14350.0), Band::B20);
     EXPECT_FALSE(bandOfKhz(14350.1));
     EXPECT_FALSE(bandOfKhz(13999.9));
-    EXPECT_EQ(bandOfKhz(29650), Band::B10);
     EXPECT_FALSE(bandOfKhz(10125)); // 30 m is no contest band
-    EXPECT_FALSE(bandOfKhz(145000));
-    EXPECT_FALSE(bandOfKhz(0)); // "sat" has no edges to fall into
+    EXPECT_FALSE(bandOfKhz(0));     // "sat" has no edges to fall into
 }
 
 TEST(BandTable, FrequencyTextIsKhzWithOneDecimal) {
-    EXPECT_EQ(khzText(21025000), "21025.0");
     EXPECT_EQ(khzText(14025560), "14025.6");
     EXPECT_EQ(khzText(1830040), "1830.0");
-    EXPECT_EQ(khzText(145000000), "145000.0");
 }

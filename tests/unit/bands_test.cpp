@@ -27,19 +27,6 @@ TEST_F(BandsTest, ModeButtonTogglesReportsAndRerunsTheChampionshipSetUp) {
     EXPECT_EQ(form->focusName(), "txtcall");
 }
 
-TEST_F(BandsTest, OwnTailIsTakenOnceFromTheOwnCall) {
-    form->TXTNCALL->setText("UA3ABC");
-    form->cmbband_GotFocus(0);
-    EXPECT_EQ(form->owntail, "ABC");
-    form->TXTNCALL->setText("RA3XYZ");
-    form->cmbband_GotFocus(0);
-    EXPECT_EQ(form->owntail, "ABC");
-    form->owntail.clear();
-    form->TXTNCALL->setText("UA3");
-    form->cmbband_GotFocus(0);
-    EXPECT_EQ(form->owntail, "");
-}
-
 TEST_F(BandsTest, PrefixGridListsWorkedPrefixesInTheirOwnMode) {
     form->contestcode = "wpx";
     form->mwidmode = 1;
@@ -75,13 +62,5 @@ TEST_F(BandsTest, KeyboardPathFromBandButtonsToTheCallAndBack) {
     form->setFocus("cmbmod");
     form->typeText(" ");
     EXPECT_EQ(text("cmbmod"), "SSB");
-    EXPECT_EQ(form->focusName(), "txtcall");
-}
-
-TEST_F(BandsTest, EnterOnAnUnchosenBandButtonChoosesIt) {
-    ASSERT_EQ(form->curband, "");
-    form->setFocus("cmbband");
-    form->typeText("\r");
-    EXPECT_EQ(form->curband, "1,8");
     EXPECT_EQ(form->focusName(), "txtcall");
 }

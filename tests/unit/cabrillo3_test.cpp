@@ -52,18 +52,16 @@ TEST(Cabrillo3, WpxLogOutsideTheSixBandsIsStillReadable) {
     EXPECT_TRUE(file.contains("CONTEST: CQ-WPX-CW\r\n"));
 }
 
-TEST(Cabrillo3, ChosenCategoriesAndLongTextsStayWithinTheFormat) {
+TEST(Cabrillo3, LongTextsStayWithinTheFormat) {
     const QList<LogRow> log = standardRows("log.psv");
     Cabrillo3Header h =
         cabrillo3Defaults(station("R3A/P", "98 765 points", "Анна", "", "", ""), "cqww", log);
-    h.categoryOperator = "MULTI-OP", h.categoryTransmitter = "TWO", h.categoryPower = "HIGH";
-    h.categoryAssisted = "ASSISTED", h.categoryStation = "PORTABLE", h.operators = "R3A UA3AAA";
+    h.operators = "R3A UA3AAA";
     h.name = QString(90, QChar(u'Ж'));
     h.address = {QString(60, 'x'), "", "2", "3", "4", "5", "6", "7"};
     const QByteArray file = cabrillo3File(h, "cqww", log, {});
     EXPECT_EQ(cabrilloFormatErrors(file), QStringList());
     const auto tag = [&](const char* name) { return cabrilloTag(file, name).join('|'); };
-    EXPECT_EQ(tag("CATEGORY-OPERATOR") + " " + tag("CATEGORY-TRANSMITTER"), "MULTI-OP TWO");
     EXPECT_EQ(tag("CLAIMED-SCORE"), "98"); // a whole number
     EXPECT_EQ(tag("OPERATORS") + " " + tag("CALLSIGN"), "R3A UA3AAA R3A/P");
     // at most six address lines of 45 characters, a name of 75
@@ -81,9 +79,6 @@ TEST(Cabrillo3, DefaultsFollowTheLog) {
     const QList<LogRow> log = standardRows("log.psv");
     const StationBoxes st = station("RZ3DXX", "0", "", "", "", "");
     const Cabrillo3Header rdxc = cabrillo3Defaults(st, "rudx", log);
-    const Cabrillo3Header cqww = cabrillo3Defaults(st, "cqww", log);
-    EXPECT_EQ(QStringList({cqww.categoryBand, cqww.categoryMode, cqww.contest}),
-              QStringList({"ALL", "CW", "CQ-WW-CW"}));
     QList<LogRow> phone = {log[12]}; // one SSB QSO of RDXC on 14
     EXPECT_EQ(cabrillo3Defaults(st, "rudx", phone).categoryMode, "SSB");
     EXPECT_EQ(cabrillo3Choices(Cabrillo3Category::Operator).first(), rdxc.categoryOperator);

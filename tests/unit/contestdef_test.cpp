@@ -73,22 +73,10 @@ TEST(ContestDefs, EveryRowIsAContestOfItsOwnAndConsistent) {
 TEST(ContestDefs, ACodeWithoutARowGetsTheDefaults) {
     EXPECT_EQ(find("hi hi"), nullptr);
     EXPECT_EQ(find("es"), nullptr) << "codes are compared as the catalogue spells them";
-    const ContestDef& none = def("hi hi");
-    EXPECT_EQ(none.firstMult, FirstMult::None);
-    EXPECT_EQ(none.sent, SentExchange::Serial);
-    EXPECT_EQ(none.partial, PartialList::Band);
-    EXPECT_TRUE(none.repeatByList);
-    EXPECT_FALSE(none.countsPoints());
+    EXPECT_FALSE(def("hi hi").countsPoints());
     EXPECT_TRUE(sendsSerial("hi hi"));
     EXPECT_EQ(cabrilloContestName("hi hi", QsoMode::Cw), "");
     EXPECT_EQ(standardContest("hi hi"), nullptr);
-}
-
-TEST(ContestDefs, SponsorsNamesPerMode) {
-    EXPECT_EQ(cabrilloContestName("cqww", QsoMode::Ssb), "CQ-WW-SSB");
-    EXPECT_EQ(cabrilloContestName("rudx", QsoMode::Ssb), "RDXC");
-    EXPECT_EQ(adifContestId("aa", QsoMode::Ssb), "ALL-ASIAN-DX-PHONE");
-    EXPECT_EQ(adifContestId("lzd", QsoMode::Cw), "LZ DX");
     EXPECT_FALSE(sendsSerial("cqww"));
     EXPECT_TRUE(sendsSerial("cqm")); // keeps what the contest before sent, a serial by default
 }

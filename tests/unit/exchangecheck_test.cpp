@@ -45,19 +45,6 @@ TEST_F(ExchangeCheck, ARepeatKeepsItsMarkAndIsStoredAsADupe) {
               QStringList({"41", "0", "DUPE"}));
 }
 
-TEST_F(ExchangeCheck, ChampionshipReportCorrectionReArmsTheCheck) {
-    select("mnuchemp");
-    typeCall("RA3BB");
-    form->typeText("\r8\r001\r");
-    EXPECT_EQ(mark(), bad);
-    form->setFocus("lblrstr");
-    form->typeText("\b");
-    EXPECT_FALSE(marked());
-    form->typeText("2\r\r");
-    EXPECT_EQ(db.contest.query("SELECT rstr1, rstr2, point FROM tbllog")[0],
-              QStringList({"2", "001", "12"}));
-}
-
 TEST_F(ExchangeCheck, AnOblastAddedToTheDistrictTableIsAccepted) {
     select("mnurus", "MA");
     typeCall("RA3BB");

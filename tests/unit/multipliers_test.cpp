@@ -7,21 +7,14 @@ using hfc::test::FormFixture;
 namespace {
 
 struct MultTest : FormFixture {
-    QString check(const QString& contest, const QString& band, const QString& cand) {
-        form->contestcode = contest;
-        form->curband = band;
-        form->draft().multCandidate = cand;
-        form->setMult("stale");
-        form->multcheck();
-        return text("txtmult");
-    }
-    QString pcheck(const QString& contest, const QString& band, const QString& cand) {
-        form->contestcode = contest;
-        form->curband = band;
-        form->draft().psCandidate = cand;
-        form->setMult2("stale");
-        form->pscheck();
-        return text("txtmult2");
+    // What the live check leaves in the first multiplier's box, or with second the second's.
+    QString check(const QString& contest, const QString& band, const QString& cand,
+                  bool second = false) {
+        form->contestcode = contest, form->curband = band;
+        (second ? form->draft().psCandidate : form->draft().multCandidate) = cand;
+        second ? form->setMult2("stale") : form->setMult("stale");
+        second ? form->pscheck() : form->multcheck();
+        return text(second ? "txtmult2" : "txtmult");
     }
     void addMult(const QString& call, const QString& band, const QString& contest,
                  const QString& mult, const QString& rsts = "599") {
@@ -41,34 +34,25 @@ TEST_F(MultTest, EachContestChecksInItsOwnScope) {
     addMult("VK2A", "14", "vkzl", "VK2", "599");
     db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, ps) VALUES "
                    "('K1AB','14','wpx','05'), ('DL1A','14','cqww','14')");
-    struct Case {
-        const char *contest, *band, *cand, *sent, *isNew;
-    };
-    const Case cases[] = {
-        // the country once per band by default; another contest's log does not count
-        {"cqww", "14", "DL", "599", ""},
-        {"cqww", "21", "DL", "599", "DL"},
-        {"cqww", "14", "F", "599", "F"},
-        {"cqm", "14", "DL", "599", "DL"},
-        {"cqww", "14", "", "599", ""}, // an empty candidate is never new
-        // the prefix once in the contest in WPX and TOPS
-        {"wpx", "21", "K1", "599", ""},
-        {"wpx", "21", "K2", "599", "K2"},
-        {"tops", "3,5", "G3", "599", ""},
-        // VK/ZL: once per sent report on any band
-        {"vkzl", "21", "VK2", "599", ""},
-        {"vkzl", "14", "VK2", "579", "VK2"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.contest) + " " + c.band + " " + c.cand);
-        form->lblrsts->setText(c.sent);
-        EXPECT_EQ(check(c.contest, c.band, c.cand), c.isNew);
+    // contest, band, candidate, sent report, then what the check leaves ("-": nothing): the
+    // country once per band by default, another contest's log not counted, an empty candidate
+    // never new; the prefix once in the contest in WPX and TOPS; VK/ZL once per sent report on
+    // any band
+    for (const char* c :
+         {"cqww 14 DL 599 -", "cqww 21 DL 599 DL", "cqww 14 F 599 F", "cqm 14 DL 599 DL",
+          "cqww 14 - 599 -", "wpx 21 K1 599 -", "wpx 21 K2 599 K2", "tops 3,5 G3 599 -",
+          "vkzl 21 VK2 599 -", "vkzl 14 VK2 579 VK2"}) {
+        QStringList f = QString(c).split(' ');
+        for (QString& field : f)
+            if (field == "-") field.clear();
+        form->lblrsts->setText(f[3]);
+        EXPECT_EQ(check(f[0], f[1], f[2]), f[4]) << c;
     }
     // the second multiplier per band in every contest
-    EXPECT_EQ(pcheck("wpx", "14", "05"), "");
-    EXPECT_EQ(pcheck("wpx", "21", "05"), "05");
-    EXPECT_EQ(pcheck("cqww", "14", "14"), "");
-    EXPECT_EQ(pcheck("cqww", "14", "15"), "15");
+    EXPECT_EQ(check("wpx", "14", "05", true), "");
+    EXPECT_EQ(check("wpx", "21", "05", true), "05");
+    EXPECT_EQ(check("cqww", "14", "14", true), "");
+    EXPECT_EQ(check("cqww", "14", "15", true), "15");
 }
 
 TEST_F(MultTest, WorkedListTogglesAndFollowsTheCheckScope) {

@@ -30,7 +30,7 @@ TEST(PointsRules, QuirksOfTheOldBranches) {
         EXPECT_EQ(pointsRule(code), nullptr) << code;
 }
 
-TEST_F(PointsWindowTest, QsopointsWritesTheBoxesOrLeavesThem) {
+TEST_F(PointsWindowTest, QsopointsClearsTheMultiplierTheRuleTakesAway) {
     form->contestcode = "wag";
     form->txtcall->setText("OE1ABC");
     form->STRAN();
@@ -38,13 +38,4 @@ TEST_F(PointsWindowTest, QsopointsWritesTheBoxesOrLeavesThem) {
     form->setPoints("5");
     form->qsopoints();
     EXPECT_EQ(texts({"txtpoint", "txtmult"}), "0|");
-
-    form->contestcode = "hi hi"; // no rule: both boxes as they were
-    form->txtcall->setText("DL1ABC");
-    form->STRAN();
-    form->setPoints("7");
-    form->setMult("DL");
-    form->qsopoints();
-    EXPECT_EQ(texts({"txtpoint", "txtmult"}), "7|DL");
-    EXPECT_FALSE(form->txtrepit->visible());
 }

@@ -50,10 +50,7 @@ TEST_F(RecountTest, ChampionshipSumsPointsInsteadOfCountingMultipliers) {
     db.contest.run("INSERT INTO tbllog (ccall, bband, ps2, mult, ps, point, point2) VALUES "
                    "('UA1A','7','chemp','X','Y','12','1'), ('UA4B','7','chemp','X','Y','15','2'),"
                    "('UA9C','3,5','chemp','','','19',''), ('UA0D','3,5','cqww','','','50','9')");
-    select("mnuchemp");
-    EXPECT_EQ(bandColumn("qsoband"), QStringList({"0", "1", "2", "0", "0", "0", "0"}));
-    EXPECT_EQ(bandColumn("multband"), QStringList({"0", "19", "27", "0", "0", "0", "0"}));
-    EXPECT_EQ(bandColumn("multband1"), QStringList({"0", "0", "3", "0", "0", "0", "0"}));
+    select("mnuchemp"); // the band columns against plain queries: logtally_test.cpp
     EXPECT_EQ(texts({"multtot", "multtot1", "lblrsts", "lblrstr"}), "46|3|1|");
 }
 

@@ -54,18 +54,20 @@ struct ScoringFixture : EntryFixture {
         return (second ? row[0] + "/" + row[1] : row[0]).toStdString();
     }
 
-    // Logs each QSO on an empty log and compares; the message names the failing row. A row of
-    // a menu item alone ("mnucqww 16": with the answer to its question) chooses that contest.
-    void expectAll(std::initializer_list<Qso> qsos) {
-        for (const Qso& q : qsos) {
-            if (!q.call) {
-                const QString item(q.own);
-                select(item.section(' ', 0, 0), item.section(' ', 1));
-                continue;
-            }
-            EXPECT_EQ(enter(q), q.want)
-                << form->contestcode.toStdString() << ": " << q.own << " works " << q.call << " on "
-                << q.band << " " << q.mode << ", exchange " << (q.ex ? q.ex : "(as filled)");
+    // Chooses the contest ("mnucqww 16": with the answer to its question), then logs each QSO
+    // on an empty log and compares. One QSO a string, "own call band exchange outcome [mode]";
+    // the exchange "." is the pre-filled one, "-" an empty one, and "_" stands for a space in it.
+    void expectIn(const QString& menuItem, std::initializer_list<const char*> rows) {
+        select(menuItem.section(' ', 0, 0), menuItem.section(' ', 1));
+        for (const char* row : rows) {
+            const QStringList w = QString::fromUtf8(row).split(' ');
+            ASSERT_GE(w.size(), 5) << row;
+            const QByteArray own = w[0].toUtf8(), call = w[1].toUtf8(), band = w[2].toUtf8(),
+                             mode = w.value(5, "CW").toUtf8(),
+                             ex = w[3] == "-" ? QByteArray("") : w[3].toUtf8().replace('_', ' ');
+            Qso q{own.constData(), call.constData(), band.constData()};
+            q.ex = w[3] == "." ? nullptr : ex.constData(), q.mode = mode.constData();
+            EXPECT_EQ(enter(q), w[4].toStdString()) << menuItem.toStdString() << ": " << row;
         }
     }
 };
