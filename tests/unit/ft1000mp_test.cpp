@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 using namespace hfc;
-using hfc::test::holds;
 
 namespace {
 
@@ -74,17 +73,6 @@ TEST_F(Ft1000mpTest, EnterOnABandSendsItsBlockOnTheLineOnlyWithTheLinkOn) {
     EXPECT_EQ(received(5), QByteArray(block, 5));
     EXPECT_EQ(text("lblcat"), "CAT: 0 80 17 2 10"); // the label stays
     EXPECT_TRUE(ui.takeShown().isEmpty());
-}
-
-TEST_F(Ft1000mpTest, ALineThatDoesNotOpenIsSaid) {
-    settings.ft1000mp = ptys.path() + "/nothing";
-    form->applyStationSettings();
-    form->mnuCAT_Click();
-    form->click(form->cmbband[3]);
-    ui.queueAnswer(Ui::Answer::Ok);
-    enterOnBand(3);
-    EXPECT_TRUE(holds(ui.takeShown().join('\n'), {"^msgbox", "nothing", "не открывается"}));
-    EXPECT_EQ(text("lblcat"), "CAT: 0 16 64 1 10");
 }
 
 } // namespace
