@@ -116,10 +116,6 @@ TEST_F(BadFilesTest, EmptyAndForeignFilesAreRefusedAndNothingIsCreatedBeside) {
         foreign.exec("INSERT INTO tbllog VALUES ('X', 'y')");
     }
     EXPECT_TRUE(refusedAsIs(data, {"dbcontest.sqlite", "нет поля"}));
-    // a file that is no database at all
-    QTemporaryDir other;
-    overwrite(other.path() + "/dbdxcc1.sqlite", 0, "this is not a database\x01\x02");
-    EXPECT_TRUE(refusedAsIs(other.path(), {"dbdxcc1.sqlite"}));
 }
 
 TEST_F(BadFilesTest, ReadOnlyLogOrDataFolderIsRefusedAtStart) {

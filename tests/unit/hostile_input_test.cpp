@@ -125,14 +125,10 @@ struct HostileFixture : ::testing::Test {
             const int r = pick(rng, 100);
             if (r < 60) {
                 for (const QChar c : randomChars(rng, 1)) f.typeChar(c);
-            } else if (r < 68) {
-                f.typeChar(QChar(keys::Enter));
-            } else if (r < 74) {
-                f.typeChar(QChar(keys::Backspace));
-            } else if (r < 77) {
-                f.typeChar(QChar(keys::Tab));
             } else if (r < 80) {
-                f.typeChar(QChar(keys::Esc));
+                static const int editing[] = {keys::Enter,     keys::Enter, keys::Backspace,
+                                              keys::Backspace, keys::Tab,   keys::Esc};
+                f.typeChar(QChar(char16_t(editing[pick(rng, int(std::size(editing)))])));
             } else if (r < 93) {
                 static const int codes[] = {112, 113, 114, 115, 116, 117, 118, 119,
                                             120, 121, 122, 123, 37,  38,  39,  40,

@@ -61,9 +61,6 @@ TEST_F(KeyerMessagesTest, F3SendsTheFullCallAndOperatorTextsTakeVariables) {
     EXPECT_EQ(form->cwtext, "DL1XYZ DE UA3ABC");
     form->pressKey(F7);
     EXPECT_EQ(form->cwtext, "5NN oo1") << "the report as F5 sends it, the number with cut zeros";
-    form->lblrsts->setText("579");
-    form->pressKey(F7);
-    EXPECT_EQ(form->cwtext, "579 oo1");
 }
 
 TEST_F(KeyerMessagesTest, EnterSendsCqThenCallAndExchangeThenThanksAndLogs) {

@@ -54,9 +54,8 @@ TEST(MorseCode, CyrillicLettersTakeTheirLatinEquivalents) {
         EXPECT_EQ(code(cyrillic[i]), code(latin[i])) << int(cyrillic[i].unicode());
         EXPECT_EQ(code(cyrillic[i].toLower()), code(latin[i])) << int(cyrillic[i].unicode());
     }
-    // letters of their own, and the Russian signs that differ from the international ones
+    // letters of their own (the Russian signs: DeviceText)
     EXPECT_EQ(code(u("шЭ")), fromChart("----") + fromChart("..-.."));
-    EXPECT_EQ(code(u(".!,")), fromChart("......") + fromChart("--..--") + fromChart(".-.-.-"));
 }
 
 TEST(MorseCode, CharacterWithoutEntryRepeatsThePreviousCode) {
@@ -103,9 +102,6 @@ TEST_F(KeyerTest, PortFaultsAreReportedAndAPortLeftOpenIsReused) {
     port->setBusy(true);
     EXPECT_TRUE(sendAndTake("130", 10, 10).empty());
     port->setBusy(false);
-    keyer.abort(); // idle with nothing open: Esc touches nothing
-    keyer.waitIdle();
-    EXPECT_TRUE(port->takeEvents().empty());
 
     // A line that cannot be set leaves the port open; the next message reuses it.
     port->setLinesFail(true);

@@ -78,7 +78,6 @@ TEST_F(RigTest, BandModeAndFrequencyFollowTheRadio) {
     EXPECT_EQ(form->lblfreq->backcolor(), "#ff0000");
     tune("7001500", "7001.5");
     EXPECT_EQ(form->curband, "7");
-    EXPECT_EQ(form->lblfreq->backcolor(), "");
     EXPECT_EQ(form->focusName(), "txtrstr");
 }
 
