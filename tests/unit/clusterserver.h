@@ -58,7 +58,6 @@ struct ClusterServer {
         });
     }
     bool listen(quint16 port) { return server.listen(QHostAddress::LocalHost, port); }
-    quint16 port() const { return server.serverPort(); }
     QString address() const { return QStringLiteral("127.0.0.1:%1").arg(server.serverPort()); }
     void send(const QByteArray& bytes) {
         if (client) client->write(bytes);

