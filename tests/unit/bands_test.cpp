@@ -5,7 +5,7 @@
 using namespace hfc;
 using BandsTest = hfc::test::FormFixture;
 
-// The blocks for each band and mode are the band table's, and reach the line in ft1000mp_test.
+// The blocks for each band and mode are the band table's (band_test).
 TEST_F(BandsTest, SatKeepsTheLastFrequencyCommand) {
     form->cmbband_Click(3);
     const QString block = form->catcmd;
