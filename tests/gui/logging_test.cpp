@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTableView>
@@ -105,18 +104,6 @@ TEST(LoggingGui, ALoggedCallIsMendedInTheLogGridAndStoredInCapitals) {
     QApplication::processEvents();
     EXPECT_EQ(w.db.contest.scalar("SELECT ccall FROM tbllog WHERE rowid = 2"), "G4ABD");
     EXPECT_EQ(grid->model()->index(1, 0).data().toString(), "G4ABD");
-
-    // Esc leaves a cell as it was; the arrows move between cells without editing.
-    grid->setFocus();
-    press(Qt::Key_Up);
-    EXPECT_EQ(grid->currentIndex().row(), 0);
-    type("x");
-    press(Qt::Key_Escape);
-    QApplication::processEvents();
-    EXPECT_EQ(w.db.contest.scalar("SELECT ccall FROM tbllog WHERE rowid = 1"), "DL1ABC");
-    EXPECT_EQ(QApplication::focusWidget(), grid);
-    press(Qt::Key_Escape); // a second Esc: back to the call box
-    EXPECT_EQ(focusName(), "txtcall");
 }
 
 // Delete on a row of the log grid asks first; Yes takes the QSO out of the log and, on a shared
@@ -157,21 +144,4 @@ TEST(LoggingGui, DeleteOnALogGridRowAsksAndTheAnswerDecides) {
         w.db.contest.scalar("SELECT uid FROM mqqso WHERE del = '1' AND qrowid = ''");
     EXPECT_FALSE(uid.isEmpty());
     EXPECT_EQ(w.db.contest.scalar("SELECT count(*) FROM mqoutbox WHERE uid = ?1", {uid}), "1");
-}
-
-// A click on a row of the partial list shows that station's earlier QSOs, not the first row's.
-TEST(LoggingGui, AClickOnThePartialListShowsThatCallsEarlierQsos) {
-    Window w;
-    cqwwOn14(w, {"DL1ABC", "DL1ABD"});
-    w.win->findChild<QLineEdit*>("txtcall")->setFocus();
-    type("dl1ab");
-    QApplication::processEvents();
-    auto* list = w.win->findChild<QListWidget*>("DBList1");
-    ASSERT_EQ(list->count(), 2);
-    auto* earlier = w.win->findChild<QTableView*>("DBGrid1");
-    EXPECT_EQ(earlier->model()->index(0, 0).data().toString(), "DL1ABC");
-    const QRect row = list->visualItemRect(list->item(1));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.center());
-    QApplication::processEvents();
-    EXPECT_EQ(earlier->model()->index(0, 0).data().toString(), "DL1ABD");
 }

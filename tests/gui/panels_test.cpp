@@ -1,5 +1,5 @@
 // The contest panels as docks: shown when the contest shows them, floating without keeping the
-// keyboard, and put back where they were by a saved layout.
+// keyboard.
 #include "windowfixture.h"
 
 #include <QDockWidget>
@@ -37,10 +37,6 @@ TEST(PanelsGui, DocksAreShownWhenTheContestShowsTheirPanel) {
     EXPECT_TRUE(dock(w, "panelKeyer")->isVisible());
     w.form->MNUCW_Click();
     EXPECT_FALSE(dock(w, "panelKeyer")->isVisible());
-
-    w.form->mnumzone_Click(); // the multiplier window off from its menu
-    EXPECT_FALSE(w.form->multwid->visible());
-    EXPECT_FALSE(dock(w, "panelMultipliers")->isVisible());
 }
 
 // Dragging a panel off is Qt's; the keyboard's return to the call box is the window's.
@@ -57,31 +53,4 @@ TEST(PanelsGui, AFloatingPanelGivesTheKeyboardBackToTheCallBox) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == call; }, 2000));
     QTest::keyClicks(call, "dl1abc");
     EXPECT_EQ(w.form->txtcall->text(), "DL1ABC");
-}
-
-TEST(PanelsGui, ASavedLayoutComesBackButTheContestDecidesWhatIsShown) {
-    QByteArray saved;
-    QPoint floatingAt;
-    {
-        Window w;
-        w.form->MNUCW_Click(); // the keyer panel was on when the layout was saved
-        QDockWidget* d = dock(w, "panelKeyer");
-        d->setFloating(true);
-        d->setGeometry(60, 80, 620, 280); // on the (800 pixels wide) screen
-        QApplication::processEvents();
-        floatingAt = d->pos();
-        saved = w.win->saveLayout();
-    }
-    Window w;
-    EXPECT_FALSE(w.win->restoreLayout("not a layout"));
-    EXPECT_FALSE(dock(w, "panelKeyer")->isFloating());
-
-    ASSERT_TRUE(w.win->restoreLayout(saved));
-    QApplication::processEvents();
-    QDockWidget* d = dock(w, "panelKeyer");
-    EXPECT_TRUE(d->isFloating());
-    EXPECT_FALSE(d->isVisible()); // this run has not switched the keyer panel on
-    w.form->MNUCW_Click();
-    EXPECT_TRUE(d->isVisible());
-    EXPECT_EQ(d->pos(), floatingAt);
 }

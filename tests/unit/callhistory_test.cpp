@@ -1,8 +1,7 @@
-// Call history: the file format, the column a contest reads, and the values written from a log.
+// Call history: the file format and the values a contest's column takes (the file written from a
+// log: ScpFormTest).
 #include "contests/historycolumn.h"
 #include "station/callhistory.h"
-#include "testfiles.h"
-#include "text/codepage.h"
 
 #include <gtest/gtest.h>
 
@@ -36,29 +35,6 @@ TEST(CallHistory, WithoutAHeaderLinesAreCallAndExchange) {
     EXPECT_EQ(h.value("DA0AA", "Exch1"), "B06");
     EXPECT_TRUE(h.has("DA0DOM")); // an empty exchange still names the call
     EXPECT_EQ(h.value("DA0DOM", "Exch1"), "");
-}
-
-TEST(CallHistory, AWindowsFileIsReadInItsCodePage) {
-    CallHistory h;
-    h.load(toWin1251(QStringLiteral("!!Order!!,Call,Name\nUA3ABC,Иван\n")));
-    EXPECT_EQ(h.value("UA3ABC", "Name"), QStringLiteral("Иван"));
-}
-
-TEST(CallHistory, WrittenTextReadsBackTheSame) {
-    CallHistory h;
-    h.load("!!Order!!,Call,Name,Exch1\nUA3ABC,Ivan,MA\nDL1AB,Hans,\n");
-    h.set("K1AR", "CQZone", "5");
-    h.set("dl1ab", "Name", "Hans, Jr"); // a comma would start a new column
-    h.set("UA3ABC", "Call", "XX");      // the call is the key and stays
-    const QByteArray text = h.text();
-    EXPECT_EQ(text, "!!Order!!,Call,Name,Exch1,CQZone\n"
-                    "DL1AB,Hans  Jr,,\n"
-                    "K1AR,,,5\n"
-                    "UA3ABC,Ivan,MA,\n");
-    CallHistory back;
-    back.load(text);
-    EXPECT_EQ(back.text(), text);
-    EXPECT_EQ(back.value("K1AR", "CQZone"), "5");
 }
 
 TEST(HistoryColumn, AValueIsTakenOnlyWhereItFitsTheColumn) {

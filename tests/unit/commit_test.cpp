@@ -71,25 +71,6 @@ TEST_F(CommitTest, TheEntryLineIsResetForTheNextQso) {
     EXPECT_FALSE(marked());
 }
 
-TEST_F(CommitTest, ExchangeCharacterSetFollowsTheSwitches) {
-    auto typed = [&](int s1, int s2, int s3, int s4) {
-        form->exchsel1 = s1;
-        form->exchsel2 = s2;
-        form->exchsel3 = s3;
-        form->exchsel4 = s4;
-        form->setFocus("txtrstr");
-        form->txtrstr->setText("");
-        form->typeText("a1/-");
-        return text("txtrstr");
-    };
-    form->txtcall->setText("DL1ABC");
-    EXPECT_EQ(typed(0, 1, 1, 1), "1");
-    EXPECT_EQ(typed(1, 0, 1, 1), "1");
-    EXPECT_EQ(typed(0, 1, 0, 1), "A"); // letters win over digits
-    EXPECT_EQ(typed(0, 0, 0, 0), "A1/");
-    EXPECT_EQ(typed(1, 1, 1, 1), "A1/-"); // no contest: anything goes
-}
-
 TEST_F(CommitTest, LogGridShowsThisContestNewestLastAndEditsTheRightRow) {
     form->contestcode = "cqww";
     addRow("DL1ABC", "14", "cqww");
@@ -112,23 +93,6 @@ TEST_F(CommitTest, LogGridShowsThisContestNewestLastAndEditsTheRightRow) {
     form->DBGrid3_Edit(1, "nosuch", "X");
     form->DBGrid3_Edit(7, "ccall", "X");
     EXPECT_EQ(db.contest.count("SELECT rowid FROM tbllog WHERE ccall = 'X'"), 0);
-}
-
-TEST_F(CommitTest, LogGridCatchesUpWithChangesMadeElsewhere) {
-    form->contestcode = "cqww";
-    addRow("DL1ABC", "14", "cqww");
-    form->setFocus("txtrstr");
-    form->setFocus("txtcall");
-    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
-    db.contest.run("DELETE FROM tbllog");
-    typeCall("F5ABC");
-    form->wwodadd(); // the grid missed the clearing: rebuilt, not appended to
-    ASSERT_EQ(form->DBGrid3->rows().size(), 1u);
-    EXPECT_EQ(form->DBGrid3->rows()[0][0], "F5ABC");
-    addRow("G4ABC", "14", "cqww");
-    form->setFocus("txtrstr");
-    form->setFocus("txtcall");
-    EXPECT_EQ(form->DBGrid3->rows().size(), 2u);
 }
 
 // A logged QSO survives a power cut only if every commit waits for the disk.

@@ -32,12 +32,6 @@ TEST_F(EntryTest, BackspaceClearsPointsMultipliersAndCountry) {
     EXPECT_EQ(texts({"txtcall", "txtstran5"}), "DL1A|FED. REP. OF G");
 }
 
-TEST_F(EntryTest, WithoutABandTheFocusGoesToTheBandButtonsFirst) {
-    form->curband.clear();
-    typeCall("D");
-    EXPECT_EQ(form->focusName(), "cmbband(3)"); // the checked button
-}
-
 TEST_F(EntryTest, EnterMovesAlongTheEntryLine) {
     typeCall("DL1ABC\r");
     EXPECT_EQ(form->focusName(), "txtrstr");
@@ -48,15 +42,6 @@ TEST_F(EntryTest, EnterMovesAlongTheEntryLine) {
     form->mnuawto_Click(); // manual date and time
     typeCall("\r");
     EXPECT_EQ(form->focusName(), "txtdate");
-}
-
-TEST_F(EntryTest, ArrowsAndTheEmptyBox) {
-    typeCall("DL1ABC");
-    form->pressKey(keys::Down);
-    EXPECT_EQ(form->focusName(), "txtrstr");
-    typeCall("");
-    form->pressKey(keys::Down); // nothing to go on with
-    EXPECT_EQ(form->focusName(), "txtcall");
 }
 
 TEST_F(EntryTest, SameModeContestsCountRepeatsPerModeOrReport) {

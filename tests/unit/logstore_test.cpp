@@ -96,11 +96,6 @@ TEST_F(LogStoreTest, AnEditTouchesOnlyTheNamedColumnOfTheNamedRow) {
     EXPECT_EQ(store->rowids("cq"), std::vector<qint64>{rb});
 }
 
-TEST_F(LogStoreTest, EveryGridColumnIsAColumnOfTheLog) {
-    for (const QString& c : logGridColumns())
-        EXPECT_NE(logColumnNamed(c), nullptr) << c.toStdString();
-}
-
 TEST_F(LogStoreTest, PartialListsByScope) {
     const auto add = [&](const char* call, const char* band, const char* rstr) {
         LogRow r;

@@ -1,9 +1,8 @@
 // The lists beside the call box and the call history in the logging window: what typing shows,
-// the marks of worked calls, taking a call from a list, the exchange and name from the history,
-// and the history written from the log.
+// the marks of worked calls, the exchange and name from the history, and the history written from
+// the log (a call taken from a list: ScpPanelsGui).
 #include "entryfixture.h"
 #include "log/workedcalls.h"
-#include "station/multiopstore.h"
 #include "testfiles.h"
 
 #include <QDir>
@@ -59,61 +58,6 @@ TEST_F(ScpFormTest, WorkedCallsFollowEditsAndClearingsOfTheLog) {
     db.contest.run("DELETE FROM tbllog");
     EXPECT_EQ(form->workedCalls().check("DL1AB", "7"), hfc::Worked::No);
     EXPECT_TRUE(form->workedCalls().calls().isEmpty());
-}
-
-// Another computer's QSOs, applied by the shared log's link, join the one-off list and the
-// marks, and its delete takes the call out again, without the worked calls being read anew.
-TEST_F(ScpFormTest, AnotherComputersQsosJoinTheListsWithoutReadingTheLogAgain) {
-    addRow("DL1AF", "14", form->contestcode);
-    typeCall("DL1AE");
-    const int reads = form->workedCalls().fullReads();
-    hfc::MultiOpStore link(form->store(), "test", "run");
-    link.open();
-    hfc::multiop::QsoEvent e;
-    e.logid = "test";
-    e.uid = "mult-1";
-    e.origin = "mult";
-    e.seq = 1;
-    e.stamp = {1, "mult"};
-    e.fields = {{"ccall", "DL1AG"}, {"bband", "7"}, {"ps2", form->contestcode}};
-    link.apply({e});
-    typeCall("DL1AE");
-    EXPECT_EQ(items("lstnp1"), QStringList({"DL1AB", "DL1AC", "DL1AF", "DL1AG"}));
-    EXPECT_EQ(form->workedCalls().check("DL1AG", "7"), hfc::Worked::OnBand);
-
-    e.deleted = true;
-    e.fields.clear();
-    e.seq = 2;
-    e.stamp = {2, "mult"};
-    link.apply({e});
-    typeCall("DL1AE");
-    EXPECT_EQ(items("lstnp1"), QStringList({"DL1AB", "DL1AC", "DL1AF"}));
-    EXPECT_EQ(form->workedCalls().check("DL1AG", "7"), hfc::Worked::No);
-    EXPECT_EQ(form->workedCalls().fullReads(), reads);
-}
-
-TEST_F(ScpFormTest, AltArrowsWalkBothListsAndCtrlEnterTakesTheCall) {
-    typeCall("UA3AB");
-    EXPECT_EQ(items("lstscp"), QStringList({"UA3ABC", "UA3ABD"}));
-    for (int i = 0; i < 3; ++i) form->pressKey(hfc::keys::Down, 4); // on into the one-off list
-    EXPECT_EQ(texts({"lstscp", "lstnp1"}), "|UA3ABC");
-    form->pressKey(hfc::keys::Up, 4);
-    form->pressKey(hfc::keys::Enter, 2);
-    EXPECT_EQ(items("lstnp1"), QStringList({"UA3ABC"})); // looked up as if typed
-    // Nothing chosen: Ctrl+Enter takes the first entry shown.
-    typeCall("DL1AD");
-    form->pressKey(hfc::keys::Enter, 2);
-    EXPECT_EQ(texts({"txtcall", "lblname"}), "DL1AB|Hans");
-}
-
-TEST_F(ScpFormTest, InAListThatHoldsTheKeyboardTheArrowsChooseAndEnterTakes) {
-    typeCall("DL");
-    form->setFocus("lstscp");
-    form->pressKey(hfc::keys::Down);
-    form->pressKey(hfc::keys::Down);
-    form->typeText("\r");
-    EXPECT_EQ(text("txtcall"), "DL1ABC");
-    EXPECT_EQ(form->focusName(), "txtcall");
 }
 
 TEST_F(ScpFormTest, HistoryFillsTheContestsExchangeAndShowsTheName) {

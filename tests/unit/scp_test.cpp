@@ -1,8 +1,8 @@
-// Super check partial: the index over MASTER.SCP, the one-off match, and the file looked for.
+// Super check partial: the index over MASTER.SCP and the one-off match (the data folder's own
+// file before Debian's: ScpFormTest).
 #include "station/scp.h"
 #include "testfiles.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace hfc;
@@ -82,14 +82,4 @@ TEST(ScpIndex, DebianFileAgreesWithAFullScan) {
                              "DK1ABC/P", "XX9X"})
         EXPECT_EQ(scp.oneOff(call, 40), scanOneOff(all, call, 40)) << call;
     EXPECT_TRUE(scp.contains("CT7/DL6IAK/P")); // long portable calls are calls too
-}
-
-TEST(ScpIndex, TheDataFoldersOwnFileComesFirst) {
-    QTemporaryDir dir;
-    EXPECT_EQ(scpFilePath(dir.path()), kDebianScp); // none of its own: Debian's
-    test::writeFile(dir.path() + "/MASTER.SCP", "# newer\nR1ANC\n");
-    EXPECT_EQ(scpFilePath(dir.path()), dir.path() + "/MASTER.SCP");
-    ScpIndex scp;
-    EXPECT_FALSE(scp.loadFile(dir.path() + "/missing.scp"));
-    EXPECT_EQ(scp.size(), 0u);
 }

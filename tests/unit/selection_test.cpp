@@ -1,6 +1,6 @@
 // Choosing a contest from the menu. Every choice is driven by the contest table; a few contests
-// of each kind show that its columns reach the window: the question, the exchange sent, the
-// captions and the multiplier window. What the switches do to each exchange and its points is
+// show that its columns reach the window: the question, the exchange sent and the multiplier
+// window. What the switches do to each exchange and its points is
 // checked QSO by QSO in the scoring tests; the serial restart in the recount tests.
 #include "entryfixture.h"
 
@@ -30,34 +30,6 @@ TEST_F(SelectionTest, TheContestsQuestionIsAskedAndAFixedExchangeSentAtOnce) {
     EXPECT_EQ(form->myexch + text("txtrsts"), "");
 }
 
-TEST_F(SelectionTest, CqmSendsWhatTheContestBeforeIt) {
-    // CQ-M leaves the fixed-exchange switch as it found it.
-    ui.queueInput("45");
-    choose("mnuaa");
-    choose("mnucqm");
-    EXPECT_EQ(text("txtrsts"), "45");
-    choose("mnuwpx");
-    choose("mnucqm");
-    EXPECT_EQ(text("txtrsts"), "001");
-}
-
-TEST_F(SelectionTest, CaptionsFollowTheContestAndStayUntilAnotherSetsThem) {
-    choose("mnuchemp");
-    EXPECT_EQ(texts({"lbldxcc", "lblzone", "lblpoint", "lblrstr"}), "Зоны|Корр|QSO|");
-    EXPECT_TRUE(form->txtpoint2->visible());
-    EXPECT_FALSE(form->txtmult2->visible());
-    choose("mnucqm"); // its multiplier caption stays through the contests below
-    choose("mnuwae");
-    EXPECT_TRUE(form->lblqtc->visible());
-    ui.queueInput("1990");
-    choose("mnueuhf");
-    EXPECT_EQ(text("multwid"), "Год получения лицензии");
-    EXPECT_TRUE(form->txtmult2->visible());
-    EXPECT_FALSE(form->txtpoint2->visible());
-    choose("mnuwpx");
-    EXPECT_EQ(texts({"lblmult", "lbldxcc"}), "R 150 |Зоны");
-}
-
 TEST_F(SelectionTest, MultiplierWindowOfEachKind) {
     ui.queueInput("16");
     choose("mnucqww"); // the zones
@@ -72,14 +44,7 @@ TEST_F(SelectionTest, MultiplierWindowOfEachKind) {
     EXPECT_EQ(form->mwidlast, 86);
     EXPECT_EQ(text("txtMwid(0)") + " " + text("txtMwid(85)"), "APA HVS");
     EXPECT_EQ(text("txtMwid(86)"), ""); // one box more than codes
-    choose("mnues"); // the window lists what ES has worked: nothing of the codes before
-    EXPECT_EQ(form->mwidlast, 9);
-    EXPECT_EQ(form->mwidmode, 1);
-    EXPECT_TRUE(form->multwid->visible());
-    EXPECT_EQ(text("txtMwid(0)") + text("txtMwid(9)") + text("txtMwid(10)"), "");
-    EXPECT_TRUE(form->txtMwid[50]->visible()); // the worked prefixes may fill every box
-    choose("mnuok");
-    choose("mnuwpx"); // no window of its own: the one before stays
+    choose("mnuwpx");                   // no window of its own: the one before stays
     EXPECT_EQ(form->mwidlast, 86);
     EXPECT_EQ(text("txtMwid(85)"), "HVS");
     EXPECT_TRUE(form->multwid->visible());

@@ -1,4 +1,4 @@
-// Start-up, clock, rate and own call of the main window.
+// Start-up and the clock of the main window, and the sort key of the log's dates.
 #include "datafolder.h"
 #include "formfixture.h"
 #include "text/dates.h"
@@ -25,38 +25,6 @@ TEST_F(WindowTest, UtcDateChangesAtUtcMidnight) {
     clock.advance(1);
     form->Timer1_Timer();
     EXPECT_EQ(text("txtdate"), "01.12.02");
-}
-
-TEST_F(WindowTest, RateScalesTheHourAndResetsAtTheFullHour) {
-    clock.set(QDateTime(QDate(2002, 11, 30), QTime(15, 0)),
-              QDateTime(QDate(2002, 11, 30), QTime(12, 0)));
-    form->hourcount = 7;
-    form->Timer1_Timer();
-    EXPECT_EQ(text("txtrate"), "0");
-    EXPECT_EQ(form->hourcount, 0);
-    form->hourcount = 20;
-    clock.advance(30 * 60);
-    form->Timer1_Timer();
-    EXPECT_EQ(text("txtrate"), "40");
-}
-
-TEST_F(WindowTest, ManualDateTimeKeepsTypedValuesAcrossTicks) {
-    form->mnuawto_Click();
-    form->txttime->setText("10:11");
-    form->txtdate->setText("01.01.03");
-    clock.advance(3600);
-    form->Timer1_Timer();
-    EXPECT_EQ(texts({"txttime", "txtdate"}), "10:11|01.01.03");
-}
-
-TEST_F(WindowTest, OwnCallIsUpperCasedAndStored) {
-    form->TXTNCALL->setText("");
-    form->setFocus("TXTNCALL");
-    form->typeText("ua3\r"); // three characters: not stored yet
-    EXPECT_EQ(form->focusName(), "TXTNCALL");
-    form->typeText("a\r");
-    EXPECT_EQ(db.contest.scalar("SELECT ccall FROM tbltit"), "UA3A");
-    EXPECT_EQ(form->focusName(), "txtcall");
 }
 
 // Bad files and folders are in badfiles_test.cpp, a log kept over a restart in the
