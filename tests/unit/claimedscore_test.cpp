@@ -132,17 +132,53 @@ TEST(ClaimedScore, NumericExchangesAreNumbers) {
     EXPECT_FALSE(contests::hasNumericExchange("wpx")); // a serial keeps its zeros
 }
 
-using ClaimedScoreEntry = EntryFixture;
+// Logs typed through the entry line as an operator would: "band call [exchange]" per QSO.
+struct ClaimedScoreEntry : EntryFixture {
+    void log(const QStringList& qsos) {
+        static const QStringList bands = {"1,8", "3,5", "7", "14", "21", "28", "sat"};
+        for (const QString& q : qsos) {
+            const QStringList f = q.split(' ');
+            if (form->curband != f[0]) form->cmbband_Click(int(bands.indexOf(f[0])));
+            typeCall(f[1]);
+            form->typeText("\r");
+            if (f.size() > 2) form->typeText(f[2]);
+            form->typeText("\r");
+        }
+    }
+};
+
+// A CQ WW CW log from UA3ABC (zone 16) counted by hand, the sponsor's worked numbers kept in the
+// contest notes: points 12 + 14 + 10, zones 7 + 6 + 4, countries 7 + 6 + 3. Perm is European
+// Russia (no new country), "5" is zone 05 already worked, /MM counts its zone only.
+TEST_F(ClaimedScoreEntry, CqwwMatchesAHandCount) {
+    typeOwnCall("UA3ABC");
+    ui.queueInput("16");
+    form->fire("mnucqww_Click");
+    log({"7 DL1ABC",  "7 F5ABC",   "7 UA3XYZ",  "7 UA9FGR",  "7 W1AW",
+         "7 JA1XYZ",  "7 DL1ABC",  "7 9A1AA",   "7 UA0AA",   "14 DL1ABC",
+         "14 K1ABC",  "14 VK2ABC", "14 UA3XYZ", "14 OH2XX",  "14 ZS6XX",
+         "14 W2XX 5", "21 PY2XX",  "21 W6XX",   "21 JA1XYZ", "21 DL1ABC/MM 33"});
+    const ClaimedScore s = claimedScoreOfLog(db, "cqww", "UA3ABC", "16");
+    EXPECT_EQ(QList<qint64>({s.qsos, s.points, s.mults, s.total}),
+              QList<qint64>({19, 36, 33, 1188}));
+    EXPECT_EQ(text("lblscore"), "Заявка: 36 оч. × 33 мн. = 1188");
+}
+
+// CQ WPX's worked example from a German station: points by continent and band (K1 6 on 80 m,
+// 3 on 15 m; EA 2 and 1; DL 1), prefixes once in the contest.
+TEST_F(ClaimedScoreEntry, WpxWorkedExample) {
+    typeOwnCall("DL1XYZ");
+    form->fire("mnuwpx_Click");
+    log({"3,5 K1AB 001", "21 K1AB 002", "3,5 EA1ABC 003", "21 EA2ABC 004", "3,5 DL1ABC 005",
+         "21 DL1ABC 006"});
+    EXPECT_EQ(text("lblscore"), "Заявка: 14 оч. × 4 мн. = 56");
+}
 
 TEST_F(ClaimedScoreEntry, ANewOwnCallRescoresTheLog) {
     ui.queueInput("16");
     form->fire("mnucqww_Click");
     typeOwnCall("DL1XX");
-    form->cmbband_Click(3);
-    for (const char* call : {"DL1ABC", "UA3XYZ"}) { // 1 each within Europe
-        typeCall(call);
-        form->typeText("\r\r");
-    }
+    log({"14 DL1ABC", "14 UA3XYZ"}); // 1 each within Europe
     EXPECT_EQ(db.contest.column("SELECT point FROM tbllog ORDER BY rowid"),
               QStringList({"1", "1"}));
     typeOwnCall("UA3ABC");
