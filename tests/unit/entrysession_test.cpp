@@ -75,6 +75,19 @@ TEST_F(EntrySessionTest, RepeatAndTimeRulesOfEachKind) {
     }
 }
 
+// The log's first rule for a contester: a repeat is logged, as DUPE worth nothing.
+TEST_F(EntrySessionTest, ARepeatIsStoredAsDupeWorthNothingAnotherBandAsAQso) {
+    logged("DL1ABC", "14", "12:00");
+    type("DL1ABC");
+    s->draft().mult = "DL", s->draft().points = "3";
+    s->commit();
+    EXPECT_EQ(stored("ccall, ps1, mult, point"), QStringList({"DL1ABC", "DUPE", "", "0"}));
+    type("DL1ABC", "7");
+    s->draft().points = "3";
+    s->commit();
+    EXPECT_EQ(stored("ccall, bband, ps1, point"), QStringList({"DL1ABC", "7", "CW", "3"}));
+}
+
 TEST_F(EntrySessionTest, ARefusedInsertKeepsTheDraftToStoreAgain) {
     db.contest.exec("CREATE TRIGGER refuse BEFORE INSERT ON tbllog "
                     "BEGIN SELECT RAISE(ABORT, 'disk full'); END");
