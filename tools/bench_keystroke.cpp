@@ -176,6 +176,11 @@ void benchLog(int qsos) {
     env.clock = &clock;
     ContestForm form(env);
     form.Form_Load();
+    // Chosen as the operator does, with the window idle after it (where the worked calls are
+    // read), so the first call typed below costs what it costs after a start.
+    ui.queueInput(QStringLiteral("16"));
+    form.fire(QStringLiteral("mnucqww_Click"));
+    QCoreApplication::processEvents();
     form.contestcode = "cqww";
     form.cqfill = 0;
     form.dxccmult = 0;
@@ -189,6 +194,7 @@ void benchLog(int qsos) {
     for (int i = 0; i < 150; ++i) calls.push_back(randomCall(rng));
 
     std::vector<double> keys, bare;
+    double firstCall = 0; // the slowest key of the first call typed after the contest's choice
     for (int round = 0; round < 2; ++round) { // the first round warms the caches
         keys.clear();
         for (const QString& call : calls) {
@@ -199,6 +205,8 @@ void benchLog(int qsos) {
                 form.typeChar(ch);
                 keys.push_back(ms(Steady::now() - t0));
             }
+            if (round == 0 && &call == &calls.front())
+                firstCall = *std::max_element(keys.begin(), keys.end());
         }
     }
     {
@@ -234,6 +242,7 @@ void benchLog(int qsos) {
     std::printf("%7s       bare SQL   median %7.3f ms  p99 %7.3f ms  max %7.3f ms  "
                 "p99 ratio %.2f\n",
                 "", b.median, b.p99, b.max, k.p99 / b.p99);
+    std::printf("%7s       first call typed: slowest key %7.3f ms\n", "", firstCall);
     std::printf("%7s       commit     median %7.3f ms  p99 %7.3f ms\n", "", c.median, c.p99);
     std::printf("%7s       recount    median %7.3f ms  p99 %7.3f ms\n", "", r.median, r.p99);
 }

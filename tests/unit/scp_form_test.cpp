@@ -53,6 +53,12 @@ TEST_F(ScpFormTest, WorkedCallsFollowEditsAndClearingsOfTheLog) {
     form->wwodadd();
     EXPECT_EQ(form->workedCalls().check("DL1AC", "14"), hfc::Worked::OnBand);
     EXPECT_EQ(w.fullReads(), reads); // a QSO of our own is added, not read again
+    form->cmbband_Click(2);          // nor is the band kept for the next start, which is no QSO
+    typeCall("DL1AE");
+    form->setFocus("txtrstr");
+    form->setFocus("txtcall"); // the totals and the next serial
+    typeCall("DL1AF");
+    EXPECT_EQ(w.fullReads(), reads);
     db.contest.run("UPDATE tbllog SET bband = '7' WHERE ccall = 'DL1AB'");
     EXPECT_EQ(form->workedCalls().check("DL1AB", "14"), hfc::Worked::InContest);
     db.contest.run("DELETE FROM tbllog");

@@ -39,6 +39,9 @@ void ContestForm::keepSession(const QString& key, const QString& value) {
     Db& db = logDb();
     const qint64 before = sqlite3_total_changes64(db.handle());
     try {
+        // Told to the worked calls as a write of no QSO: unexplained, it would have them read
+        // the whole contest again at the next key after every band change.
+        const LogStore::KnownWrites known(store());
         saveSessionValue(db, key, value);
         sessionKept.insert(key, value);
     } catch (const DbError&) {
