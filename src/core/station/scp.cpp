@@ -207,6 +207,17 @@ void CallNeighbours::file(uint32_t key, uint32_t id) {
     ++filed_;
 }
 
+// Each form of c with one character left out, once: "AA" less either A is the same form.
+template <class Each> void CallNeighbours::eachShorter(const std::string& c, const Each& each) {
+    std::string shorter;
+    for (size_t i = 0; i < c.size(); ++i) {
+        if (i > 0 && c[i] == c[i - 1]) continue;
+        shorter = c;
+        shorter.erase(i, 1);
+        each(shorter);
+    }
+}
+
 void CallNeighbours::add(const QString& call) {
     if (call.size() < 2) return;
     std::string c = toKey(call);
@@ -215,37 +226,23 @@ void CallNeighbours::add(const QString& call) {
     if (known) return;
     const auto id = uint32_t(calls_.size());
     file(keyOf(c), id);
-    std::string shorter;
-    for (size_t i = 0; i < c.size(); ++i) {
-        if (i > 0 && c[i] == c[i - 1]) continue; // "AA" less either A is one form
-        shorter = c;
-        shorter.erase(i, 1);
-        file(keyOf(shorter), id);
-    }
+    eachShorter(c, [&](const std::string& shorter) { file(keyOf(shorter), id); });
     calls_.push_back(std::move(c));
 }
 
 QStringList CallNeighbours::oneOff(const QString& call) const {
     if (call.size() < 3 || calls_.empty()) return {};
     const std::string c = toKey(call);
-    std::vector<uint32_t> hits;
+    // Calls are filed once each, so equal views are the same call found under two keys.
+    std::vector<std::string_view> found;
     const auto take = [&](uint32_t id) {
-        if (isOneOff(c, calls_[id])) hits.push_back(id);
+        if (isOneOff(c, calls_[id])) found.emplace_back(calls_[id]);
     };
     eachUnder(c, take); // one more character, or one other at a place a form leaves out
-    std::string shorter;
-    for (size_t i = 0; i < c.size(); ++i) {
-        if (i > 0 && c[i] == c[i - 1]) continue;
-        shorter = c;
-        shorter.erase(i, 1);
-        eachUnder(shorter, take); // one character less, or one other there
-    }
-    std::sort(hits.begin(), hits.end());
-    hits.erase(std::unique(hits.begin(), hits.end()), hits.end());
-    std::vector<std::string_view> found;
-    found.reserve(hits.size());
-    for (uint32_t id : hits) found.emplace_back(calls_[id]);
+    // one character less, or one other there
+    eachShorter(c, [&](const std::string& shorter) { eachUnder(shorter, take); });
     std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     QStringList out;
     out.reserve(qsizetype(found.size()));
     for (std::string_view f : found) out << QString::fromUtf8(f.data(), qsizetype(f.size()));

@@ -75,6 +75,7 @@ class CallNeighbours {
     // Calls filed under the hash of key; isOneOff weeds out what only the hash shares.
     template <class Each> void eachUnder(std::string_view key, const Each& each) const;
     void file(uint32_t key, uint32_t id);
+    template <class Each> static void eachShorter(const std::string& c, const Each& each);
 
     std::vector<std::string> calls_; // each logged call once
     // An open-addressing table, a power of two in size and at most half full: about seven

@@ -139,23 +139,24 @@ void ContestForm::EU13() {
 
 void ContestForm::eucountry() {
     const contests::EntryRule rule = contestDef().extra;
+    QsoDraft& d = draft();
     if (rule == contests::EntryRule::UbaCountries) {
-        if (draft().dxccPrefix == QLatin1String("ON")) {
+        if (d.dxccPrefix == QLatin1String("ON")) {
             setPoints(QStringLiteral("10"));
-            draft().multCandidate = draft().dxccPrefix;
+            d.multCandidate = d.dxccPrefix;
             multcheck();
             return;
         }
         setPoints(QStringLiteral("0"));
-        if (inEuropeanList(draft().dxccPrefix)) {
-            draft().multCandidate = draft().dxccPrefix;
+        if (inEuropeanList(d.dxccPrefix)) {
+            d.multCandidate = d.dxccPrefix;
             multcheck();
             setPoints(QStringLiteral("3"));
         }
-        if (session().draft().points == QLatin1String("0")) setPoints(QStringLiteral("1"));
+        if (d.points == QLatin1String("0")) setPoints(QStringLiteral("1"));
     } else if (rule == contests::EntryRule::YuCountry) {
-        if (draft().dxccPrefix == QLatin1String("YU")) {
-            draft().multCandidate = draft().dxccPrefix;
+        if (d.dxccPrefix == QLatin1String("YU")) {
+            d.multCandidate = d.dxccPrefix;
             multcheck();
         } else {
             setPoints(QStringLiteral("0"));

@@ -194,6 +194,7 @@ void ContestForm::showEarlierQsos(const QString& call) {
 
 void ContestForm::wwodcall() {
     const QString call = txtcall->text();
+    QsoDraft& d = draft(); // the session keeps one draft: the reference holds for the whole key
     callprefix();
     WWOD();
     STRAN();
@@ -208,31 +209,31 @@ void ContestForm::wwodcall() {
         setPoints(QStringLiteral("0"));
         setPoints2(QStringLiteral("0"));
         setMult(QString());
-        draft().multCandidate.clear();
-        draft().psCandidate.clear();
+        d.multCandidate.clear();
+        d.psCandidate.clear();
         showMark(*this, QsoDraft::Mark::None);
         return;
     }
 
     // The received exchange that follows from the call.
     if (contestDef().fromCall == contests::ExchangeFromCall::Oblast) {
-        if (draft().country == QLatin1String("RUSSIAN")) {
+        if (d.country == QLatin1String("RUSSIAN")) {
             rusdx();
-            txtrstr->setText(draft().district);
+            txtrstr->setText(d.district);
         } else {
             txtrstr->setText(QString());
         }
     }
-    if (itufill == 0) txtrstr->setText(draft().itu);
-    if (cqfill == 0) txtrstr->setText(draft().cq);
+    if (itufill == 0) txtrstr->setText(d.itu);
+    if (cqfill == 0) txtrstr->setText(d.cq);
     historyfill();
 
     if (dxccmult == 0) {
-        draft().multCandidate = draft().dxccPrefix;
+        d.multCandidate = d.dxccPrefix;
         multcheck();
     }
     if (pfxmult == 0) {
-        draft().multCandidate = draft().prefix;
+        d.multCandidate = d.prefix;
         multcheck();
     }
     eucountry(); // the country rules of UBA and YU; nothing for the other contests
